@@ -12,7 +12,7 @@ set(PYTHON2 "/usr/bin/python2.7" CACHE FILEPATH "The Python 2.7 interpreter to b
 execute_process(
   COMMAND "${PYTHON2}" -c "import sys, sysconfig as s
 v = s.get_config_var
-print(';'.join([sys.version[:3], s.get_path('include'), s.get_path('platinclude'), v('LIBDIR'), v('MULTIARCH') or '', v('LDLIBRARY'), str(int(hasattr(sys, 'gettotalrefcount')))]))"
+print(';'.join([sys.version[:3], v('INCLUDEPY'), v('LIBDIR'), v('MULTIARCH') or '', v('LDLIBRARY'), str(int(hasattr(sys, 'gettotalrefcount')))]))"
   OUTPUT_VARIABLE python27_facts OUTPUT_STRIP_TRAILING_WHITESPACE RESULT_VARIABLE python27_status ERROR_VARIABLE python27_error)
 if(NOT python27_status EQUAL 0)
   message(FATAL_ERROR "${PYTHON2} does not run: ${python27_error}\nRun scripts/setup, or name a Python 2.7 that runs with -DPYTHON2=.")
@@ -22,11 +22,10 @@ if(NOT python27_version STREQUAL "2.7")
   message(FATAL_ERROR "${PYTHON2} is Python ${python27_version}, and the module needs 2.7. Name another with -DPYTHON2=.")
 endif()
 list(GET python27_facts 1 python27_include)
-list(GET python27_facts 2 python27_platform_include)
-list(GET python27_facts 3 python27_library_folder)
-list(GET python27_facts 4 python27_multiarch)
-list(GET python27_facts 5 python27_library_name)
-list(GET python27_facts 6 python27_debug)
+list(GET python27_facts 2 python27_library_folder)
+list(GET python27_facts 3 python27_multiarch)
+list(GET python27_facts 4 python27_library_name)
+list(GET python27_facts 5 python27_debug)
 if(NOT EXISTS "${python27_include}/Python.h")
   message(FATAL_ERROR "${PYTHON2} has no headers in ${python27_include}. Run scripts/setup.")
 endif()
@@ -38,7 +37,7 @@ else()
 endif()
 
 add_library(Python27::Module INTERFACE IMPORTED)
-target_include_directories(Python27::Module SYSTEM INTERFACE "${python27_include}" "${python27_platform_include}")
+target_include_directories(Python27::Module SYSTEM INTERFACE "${python27_include}")
 
 find_library(PYTHON27_LIBRARY NAMES ${python27_library_name}
   HINTS "${python27_library_folder}" "${python27_library_folder}/${python27_multiarch}")
