@@ -2,6 +2,10 @@
 #include "frame/compiler.h"
 #include "frame/method.h"
 #include "host/session.h"
+#include "param/get_param.h"
+#include "param/introspection.h"
+#include "scene/exports.h"
+#include "scene/import.h"
 #include "scene/lifecycle.h"
 #include "scene/search.h"
 
@@ -39,31 +43,31 @@ PyMethodDef methods[] = {
     {DELETE, method<DELETE, deletePlugin>, METH_VARARGS, "Delete a plugin with the given name."},
     {CREATE, method<CREATE, create>, METH_VARARGS, "Create a plugin with the given type and name."},
     {SET_PARAM, method<SET_PARAM, notBuiltYet>, METH_VARARGS, "Set the value of a plugin parameter."},
-    {GET_PARAM, method<GET_PARAM, notBuiltYet>, METH_VARARGS, "Return the value of a plugin parameter."},
-    {GET_PLUGIN_PARAMS, method<GET_PLUGIN_PARAMS, notBuiltYet>, METH_VARARGS,
+    {GET_PARAM, method<GET_PARAM, getParam>, METH_VARARGS, "Return the value of a plugin parameter."},
+    {GET_PLUGIN_PARAMS, method<GET_PLUGIN_PARAMS, getPluginParams>, METH_VARARGS,
      "Return a python list containing the names of all parameters for the given plugin."},
-    {GET_TYPE_PARAMS, method<GET_TYPE_PARAMS, notBuiltYet>, METH_VARARGS,
+    {GET_TYPE_PARAMS, method<GET_TYPE_PARAMS, getTypeParams>, METH_VARARGS,
      "Return a python list containing the names of all parameters for the given plugin type."},
     {GET_PLUGIN_TYPE, method<GET_PLUGIN_TYPE, getPluginType>, METH_VARARGS,
      "Return the type of the plugin with the given name."},
-    {GET_PARAM_TYPE, method<GET_PARAM_TYPE, notBuiltYet>, METH_VARARGS, "Return the type of the plugin parameter."},
-    {IS_OUTPUT_PARAM, method<IS_OUTPUT_PARAM, notBuiltYet>, METH_VARARGS,
+    {GET_PARAM_TYPE, method<GET_PARAM_TYPE, getParamType>, METH_VARARGS, "Return the type of the plugin parameter."},
+    {IS_OUTPUT_PARAM, method<IS_OUTPUT_PARAM, isOutputParam>, METH_VARARGS,
      "Return true if the plugin parameter is an output parameter."},
     {PLUGIN_EXISTS, predicate<PLUGIN_EXISTS, pluginExists>, METH_VARARGS,
      "Return true if a plugin with the given name exists."},
-    {PARAM_EXISTS, method<PARAM_EXISTS, notBuiltYet>, METH_VARARGS,
+    {PARAM_EXISTS, predicate<PARAM_EXISTS, paramExists>, METH_VARARGS,
      "Return true if a parameter with the given name exists for this plugin."},
     {FIND_BY_TYPE, method<FIND_BY_TYPE, findByType>, METH_VARARGS,
      "Find all plugins with type matching a string(including wild cards)."},
     {FIND_BY_NAME, method<FIND_BY_NAME, findByName>, METH_VARARGS,
      "Find all plugins with name matching a string(including wild cards)."},
-    {EXPORT_TEXTURE, method<EXPORT_TEXTURE, notBuiltYet>, METH_VARARGS, "Export a texture node."},
-    {EXPORT_MATERIAL, method<EXPORT_MATERIAL, notBuiltYet>, METH_VARARGS, "Export a material node."},
-    {EXPORT_CAMERA, method<EXPORT_CAMERA, notBuiltYet>, METH_VARARGS, "Export a camera node."},
-    {EXPORT_NODE, method<EXPORT_NODE, notBuiltYet>, METH_VARARGS, "Export any node supported by kelmo."},
-    {ADD_SCENE_CONTENT, method<ADD_SCENE_CONTENT, notBuiltYet>, METH_VARARGS,
+    {EXPORT_TEXTURE, method<EXPORT_TEXTURE, exportTexture>, METH_VARARGS, "Export a texture node."},
+    {EXPORT_MATERIAL, method<EXPORT_MATERIAL, exportMaterial>, METH_VARARGS, "Export a material node."},
+    {EXPORT_CAMERA, method<EXPORT_CAMERA, exportCamera>, METH_VARARGS, "Export a camera node."},
+    {EXPORT_NODE, method<EXPORT_NODE, exportNode>, METH_VARARGS, "Export any node supported by kelmo."},
+    {ADD_SCENE_CONTENT, method<ADD_SCENE_CONTENT, addSceneContent>, METH_VARARGS,
      "Add the plugins from the given scene file."},
-    {APPEND_SCENE_CONTENT, method<APPEND_SCENE_CONTENT, notBuiltYet>, METH_VARARGS,
+    {APPEND_SCENE_CONTENT, method<APPEND_SCENE_CONTENT, appendSceneContent>, METH_VARARGS,
      "Append the plugins from the given scene file."},
     {DUPLICATE, method<DUPLICATE, notBuiltYet>, METH_VARARGS, "Create an exact copy of a Kelmo plugin."},
     {UNIQUE, question<UNIQUE, unique>, METH_VARARGS, "Check whether only one instance of this plugin type can exist."},

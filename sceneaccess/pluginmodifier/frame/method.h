@@ -1,11 +1,11 @@
 // The call frame around every function of the module.
 //
-// A function is written with the arguments that it takes (const char*: a string; PyObject*: any object,
-// borrowed) and is put into the method table through one of three shapes:
+// A function is written with the arguments that it takes (const char*: a string; PyListObject*: a list; PyObject*: any
+// object; all borrowed) and is put into the method table through one of three shapes:
 //   method     initialisation check, arguments, work; a problem becomes an Exception or a host warning
 //   predicate  the same, but whatever goes wrong is the answer False, with no error pending
 //   question   arguments first, outside any handler; what goes wrong in the work is the answer False
-// A missing argument, or one that is no string, is a TypeError before any work. Further items are not looked at.
+// A missing argument, or one of another kind, is a TypeError before any work. Further items are not looked at.
 #pragma once
 
 #include <cstddef>
@@ -20,26 +20,35 @@
 
 namespace KUtils::Python {
 
-// Replaces the pending error by the TypeError of argument `index` (from 0) of `function`, which takes `wanted`.
-void setArgumentError(const char* function, PyObject* args, Py_ssize_t index, Py_ssize_t wanted);
+// Replaces the pending error by the TypeError of argument `index` (from 0) of `function`, which takes `wanted`
+// arguments and needs a `kind` there.
+void setArgumentError(const char* function, PyObject* args, Py_ssize_t index, Py_ssize_t wanted, const char* kind);
 
 namespace detail {
 
-inline bool readArgument(PyObject* args, Py_ssize_t index, const char*& text) {
-    return (text = stringArg(args, index)) != nullptr;
+// Reads one argument; on failure the kind of argument that is needed, with a Python error pending.
+inline const char* readArgument(PyObject* args, Py_ssize_t index, const char*& text) {
+    return (text = stringArg(args, index)) != nullptr ? nullptr : "str";
 }
-inline bool readArgument(PyObject* args, Py_ssize_t index, PyObject*& object) {
-    return (object = PyTuple_GetItem(args, index)) != nullptr;
+inline const char* readArgument(PyObject* args, Py_ssize_t index, PyObject*& object) {
+    return (object = PyTuple_GetItem(args, index)) != nullptr ? nullptr : "object";
+}
+inline const char* readArgument(PyObject* args, Py_ssize_t index, PyListObject*& list) {
+    PyObject* object = PyTuple_GetItem(args, index);
+    if (object == nullptr || !PyList_Check(object)) return "list";
+    list = reinterpret_cast<PyListObject*>(object);
+    return nullptr;
 }
 
 // Reads the arguments in their order; false with a TypeError pending at the first that cannot be read.
 template <class... Values, std::size_t... indices>
 bool readArguments(const char* function, PyObject* args, std::tuple<Values...>& values,
                    std::index_sequence<indices...>) {
-    Py_ssize_t failed = -1;
+    Py_ssize_t index = -1;
+    const char* kind = nullptr;
     const bool complete =
-        ((readArgument(args, indices, std::get<indices>(values)) || (failed = indices, false)) && ...);
-    if (!complete) setArgumentError(function, args, failed, sizeof...(Values));
+        ((++index, (kind = readArgument(args, indices, std::get<indices>(values))) == nullptr) && ...);
+    if (!complete) setArgumentError(function, args, index, sizeof...(Values), kind);
     return complete;
 }
 

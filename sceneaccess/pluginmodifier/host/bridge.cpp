@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <cstring>
-#include <memory>
 
 #include "frame/problem.h"
 #include "host/error_text.h"
@@ -18,11 +17,6 @@ constexpr char ROOT_VARIABLE[] = "KELMO_FOR_MAYA2020_MAIN";
 constexpr char DEPRECATED_ROOT_VARIABLE[] = "KELMO_FOR_MAYA2020_MAIN_x64";
 constexpr char MISSING_ROOT[] = "<missing>";
 constexpr char PLUGIN_FILE[] = "/plug-ins/kelmoformaya.mll";
-
-struct TextRelease {
-    void operator()(SharedText* text) const { releaseText(text); }
-};
-using TextRef = std::unique_ptr<SharedText, TextRelease>;
 
 // Frees the library and the record and leaves the module uninitialised.
 void discardState() {

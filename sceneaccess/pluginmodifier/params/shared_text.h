@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "kelmo/core/allocator.h"
 
@@ -30,5 +31,11 @@ void releaseText(SharedText* text);
 
 // The characters, or null for a null text; valid while a reference is held.
 inline const char* charactersOf(const SharedText* text) { return text != nullptr ? text->characters : nullptr; }
+
+struct TextRelease {
+    void operator()(SharedText* text) const { releaseText(text); }
+};
+// Owns one reference.
+using TextRef = std::unique_ptr<SharedText, TextRelease>;
 
 }  // namespace KUtils

@@ -2,21 +2,11 @@
 
 #include "frame/problem.h"
 #include "host/state.h"
+#include "scene/scene_walk.h"
 
 namespace KUtils::Python {
 
 namespace {
-
-// Walks with the list's own cursor: it starts at the head, and is moved on before its node is used.
-void startWalk(SceneList& scenes) { scenes.cursor = scenes.head; }
-
-bool takeNext(SceneList& scenes, KelmoScene*& scene) {
-    SceneNode* node = scenes.cursor;
-    if (node == nullptr) return false;
-    scenes.cursor = node->next;
-    scene = node->scene;
-    return true;
-}
 
 Plugin* findInMainScene(const SceneAccessState& state, const char* name) {
     if (state.hostManager != nullptr) return state.hostManager->findPlugin(name);
@@ -38,8 +28,8 @@ Plugin* lookupPlugin(const char* name, int& sceneIndex) {
     if (Plugin* plugin = findInMainScene(state, name)) return plugin;
     if (state.sceneList != nullptr) {
         KelmoScene* scene = nullptr;
-        startWalk(*state.sceneList);
-        while (takeNext(*state.sceneList, scene)) {
+        SceneWalk walk(*state.sceneList);
+        while (walk.next(scene)) {
             ++sceneIndex;
             // A scene that could not be allocated is listed all the same.
             Plugin* plugin = scene != nullptr ? scene->findPlugin(name) : nullptr;
@@ -58,9 +48,9 @@ KelmoScene* sceneAt(int index) {
     SceneList* scenes = sceneAccessState->sceneList;
     if (scenes == nullptr || index < 0 || index >= scenes->count) return nullptr;
     KelmoScene* scene = nullptr;
-    startWalk(*scenes);
+    SceneWalk walk(*scenes);
     for (int i = 0; i <= index; ++i) {
-        if (!takeNext(*scenes, scene)) return nullptr;
+        if (!walk.next(scene)) return nullptr;
     }
     return scene;
 }

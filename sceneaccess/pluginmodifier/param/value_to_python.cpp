@@ -1,0 +1,180 @@
+#include "param/value_to_python.h"
+
+#include "frame/py_ref.h"
+#include "kelmo/plugin/plugin.h"
+#include "param/build_value.h"
+
+namespace KUtils::Python {
+
+namespace {
+
+constexpr double TIME = 0.0;
+
+// The referenced plugin's name, or (name, output); null without an error when nothing is referenced.
+PyObject* pluginRefToPython(KelmoPluginParameter& value, int index) {
+    const char* outputName = nullptr;
+    const PluginBase* plugin = value.getPlugin(index, TIME, &outputName);
+    // A constant value answers itself, to stand in for a texture; it has no plugin's name.
+    if (plugin == nullptr || plugin == &value) return nullptr;
+    return outputName != nullptr ? buildOutputReference(pluginName(plugin), outputName) : newString(pluginName(plugin));
+}
+
+// Element `index` of a view that is taken for this one read and released after it; zero outside a shorter view.
+template <class T>
+T viewElement(const ListView<T>& view, int index) {
+    const T element = view.data != nullptr && index < view.count ? view.data[index] : T{};
+    releaseView(view);
+    return element;
+}
+
+// One converter for each element type code from 0 to 10; each gives a new object.
+using ElementConverter = PyObject* (*)(KelmoPluginParameter& value, int index);
+
+constexpr ElementConverter listElementConverters[] = {
+    [](KelmoPluginParameter& v, int i) { return PyInt_FromLong(viewElement(v.getIntList(TIME), i)); },
+    [](KelmoPluginParameter& v, int i) { return PyFloat_FromDouble(viewElement(v.getFloatList(TIME), i)); },
+    [](KelmoPluginParameter& v, int i) { return PyFloat_FromDouble(v.getDouble(i, TIME)); },
+    [](KelmoPluginParameter& v, int i) { return newBool(viewElement(v.getIntList(TIME), i) != 0); },
+    [](KelmoPluginParameter& v, int i) { return buildFloats(viewElement(v.getVectorList(TIME), i)); },
+    [](KelmoPluginParameter& v, int i) { return buildFloats(viewElement(v.getColorList(TIME), i)); },
+    [](KelmoPluginParameter& v, int i) { return buildFloats(v.getAColor(i, TIME)); },
+    [](KelmoPluginParameter& v, int i) { return buildFloats(v.getMatrix(i, TIME)); },
+    [](KelmoPluginParameter& v, int i) { return buildFloats(v.getTransform(i, TIME)); },
+    [](KelmoPluginParameter& v, int i) { return newString(v.getString(i, TIME)); },
+    [](KelmoPluginParameter& v, int i) {
+        PyObject* reference = pluginRefToPython(v, i);
+        return reference == nullptr && PyErr_Occurred() == nullptr ? newNone() : reference;
+    },
+};
+constexpr int CONVERTER_COUNT = sizeof listElementConverters / sizeof *listElementConverters;
+
+// A new list of the elements at the cursor, each made by `convert(index)`; a null without an error becomes an element
+// as it stands. The collector does not see the list before it is filled.
+template <class Convert>
+PyObject* listToPython(KelmoPluginParameter& value, int count, const Convert& convert) {
+    PyRef list = PyRef::steal(PyList_New(count > 0 ? count : 0));
+    if (!list) return nullptr;
+    PyObject_GC_UnTrack(list.get());
+    const Py_ssize_t size = PyList_GET_SIZE(list.get());
+    for (int i = 0; i < size && i < value.getCount(TIME); ++i) {
+        PyObject* element = convert(i);
+        if (element == nullptr && PyErr_Occurred() != nullptr) return nullptr;
+        PyList_SET_ITEM(list.get(), i, element);
+    }
+    PyObject_GC_Track(list.get());
+    return list.release();
+}
+
+// Opens an element of a value for as long as it is looked at.
+class OpenedElement {
+  public:
+    OpenedElement(KelmoPluginParameter& owner, int index) : value(owner), handle(owner.openListImpl(index)) {}
+    OpenedElement(const OpenedElement&) = delete;
+    OpenedElement& operator=(const OpenedElement&) = delete;
+    ~OpenedElement() { value.closeList(handle); }
+
+  private:
+    KelmoPluginParameter& value;
+    ListHandle handle;
+};
+
+PyObject* nestedListToPython(KelmoPluginParameter& value, int count) {
+    if (Py_EnterRecursiveCall(" while reading a parameter value")) return nullptr;
+    PyObject* list = listToPython(value, count, [&value](int i) {
+        const int elementCode = value.getType(i, TIME);
+        const OpenedElement opened(value, i);
+        return valueToPython(value, elementCode, i);
+    });
+    Py_LeaveRecursiveCall();
+    return makeTagged(PARAM_LIST, list);
+}
+
+PyObject* typedListToPython(KelmoPluginParameter& value, int code, int count) {
+    if (code < 0 || code >= CONVERTER_COUNT) return newNone();
+    const ElementConverter convert = listElementConverters[code];
+    return makeTagged(code, listToPython(value, count, [&value, convert](int i) { return convert(value, i); }));
+}
+
+PyObject* referenceToPython(KelmoPluginParameter& value, int index) {
+    PyObject* reference = pluginRefToPython(value, index);
+    if (reference == nullptr) return PyErr_Occurred() == nullptr ? newNone() : nullptr;
+    return makeTagged(
+        PyTuple_Check(reference) ? static_cast<int>(PARAM_OUTPUT_TEXTURE) : static_cast<int>(PARAM_PLUGIN), reference);
+}
+
+PyObject* singleToPython(KelmoPluginParameter& value, int code, int index) {
+    switch (code) {
+        case PARAM_INT:
+            return makeTagged(PARAM_INT, PyInt_FromLong(value.getInt(index, TIME)));
+        case PARAM_FLOAT:
+            return makeTagged(PARAM_FLOAT, PyFloat_FromDouble(value.getFloat(index, TIME)));
+        case PARAM_DOUBLE:
+            return makeTagged(PARAM_FLOAT, PyFloat_FromDouble(value.getDouble(index, TIME)));
+        case PARAM_BOOL:
+            return makeTagged(PARAM_BOOL, newBool(value.getBool(index, TIME)));
+        case PARAM_VECTOR:
+            return makeTagged(PARAM_VECTOR, buildFloats(value.getVector(index, TIME)));
+        case PARAM_COLOR:
+            return makeTagged(PARAM_COLOR, buildFloats(value.getColor(index, TIME)));
+        case PARAM_ACOLOR:
+            return makeTagged(PARAM_ACOLOR, buildFloats(value.getAColor(index, TIME)));
+        case PARAM_MATRIX:
+            return makeTagged(PARAM_MATRIX, buildFloats(value.getMatrix(index, TIME)));
+        case PARAM_TRANSFORM:
+            return makeTagged(PARAM_TRANSFORM, buildFloats(value.getTransform(index, TIME)));
+        case PARAM_STRING:
+            return makeTagged(PARAM_STRING, newString(value.getString(index, TIME)));
+        case PARAM_PLUGIN:
+        case PARAM_TEXTURE:
+        case PARAM_TEXTURE_FLOAT:
+        case PARAM_TEXTURE_INT:
+        case PARAM_TEXTURE_VECTOR:
+        case PARAM_TEXTURE_MATRIX:
+        case PARAM_TEXTURE_TRANSFORM:
+            return referenceToPython(value, index);
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace
+
+PyObject* valueToPython(KelmoPluginParameter& value, int code, int index) {
+    if (code == PARAM_UNKNOWN) return nullptr;
+    const int count = value.getCount(TIME);
+    if (count == -1) return singleToPython(value, code, index);
+    return code == PARAM_LIST ? nestedListToPython(value, count) : typedListToPython(value, code, count);
+}
+
+PyObject* defaultToPython(const ParamDesc& record) {
+    switch (record.type) {
+        case PARAM_INT:
+        case PARAM_TEXTURE_INT:
+            return makeTagged(PARAM_INT, PyInt_FromLong(record.defaultInt));
+        case PARAM_FLOAT:
+        case PARAM_TEXTURE_FLOAT:
+            return makeTagged(PARAM_FLOAT, PyFloat_FromDouble(record.defaultFloat));
+        case PARAM_DOUBLE:
+            return makeTagged(PARAM_FLOAT, PyFloat_FromDouble(record.defaultDouble));
+        case PARAM_VECTOR:
+        case PARAM_TEXTURE_VECTOR:
+            return makeTagged(PARAM_VECTOR, buildFloats(record.defaultVector));
+        case PARAM_COLOR:
+            return makeTagged(PARAM_COLOR, buildFloats(record.defaultColor));
+        case PARAM_ACOLOR:
+        case PARAM_TEXTURE:
+            return makeTagged(PARAM_ACOLOR, buildFloats(record.defaultAColor));
+        case PARAM_MATRIX:
+        case PARAM_TEXTURE_MATRIX:
+            return makeTagged(PARAM_MATRIX, buildFloats(record.defaultMatrix));
+        case PARAM_TRANSFORM:
+        case PARAM_TEXTURE_TRANSFORM:
+            return makeTagged(PARAM_TRANSFORM, buildFloats(record.defaultTransform));
+        case PARAM_STRING:
+            return makeTagged(PARAM_STRING, newString(record.defaultString));
+        default:
+            return newNone();  // also a bool: its default is not handed out
+    }
+}
+
+}  // namespace KUtils::Python
