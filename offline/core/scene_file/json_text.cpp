@@ -82,10 +82,13 @@ bool JsonText::failAt(const char* where, const std::string& message) {
 }
 
 std::size_t JsonText::columnOf(const char* where) const {
-    std::size_t column = 1;
-    for (const char* c = start; c < where; ++c)
-        if ((static_cast<unsigned char>(*c) & 0xc0u) != 0x80u) ++column;
-    return column;
+    if (where < countedTo) {
+        countedTo = start;
+        countedColumn = 1;
+    }
+    for (; countedTo < where; ++countedTo)
+        if ((static_cast<unsigned char>(*countedTo) & 0xc0u) != 0x80u) ++countedColumn;
+    return countedColumn;
 }
 
 // Words for whatever stands at the cursor, which does not move.
@@ -259,7 +262,8 @@ bool JsonText::skipValue() {
     std::size_t depth = 0;
     do {
         const char c = peek();
-        if (at == limit) return at == begin ? fail("a value") : failAt(begin, "the value that begins here does not end");
+        if (at == limit)
+            return at == begin ? fail("a value") : failAt(begin, "the value that begins here does not end");
         if (c == '"') {
             const char* text = at;
             for (++at; at != limit && *at != '"'; ++at)

@@ -14,7 +14,8 @@ namespace Offline {
 
 class JsonText {
   public:
-    JsonText(const char* begin, const char* end) : start(begin), at(begin), limit(end), place(begin) {}
+    JsonText(const char* begin, const char* end)
+        : start(begin), at(begin), limit(end), place(begin), countedTo(begin) {}
 
     // What comes next, blanks aside; 0 at the end.
     char peek();
@@ -68,6 +69,8 @@ class JsonText {
     const char* at;
     const char* limit;
     const char* place;
+    mutable const char* countedTo;  // columnOf() goes on from here, so that a walk through a line is linear
+    mutable std::size_t countedColumn = 1;
     const char* errorPlace = nullptr;
     std::string error;
 };
