@@ -101,6 +101,7 @@ bool readText(const Json& value, ParamDeclaration& declaration, PathError& error
     if (value.IsNull()) return true;
     if (!value.IsString()) return error.expected("a text or null", value);
     declaration.defaultText.assign(value.GetString(), value.GetStringLength());
+    if (declaration.defaultText.find('\0') != std::string::npos) return error.fail("a text cannot hold a zero byte");
     declaration.hasDefaultText = true;
     return true;
 }
