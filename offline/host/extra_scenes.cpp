@@ -1,5 +1,6 @@
-#include "extra_scenes.h"
+#include "host/extra_scenes.h"
 
+#include "core/core_api.h"
 #include "kelmo/core/allocator.h"
 
 namespace Offline {
@@ -31,8 +32,7 @@ std::uint32_t freeExtraScenes(KUtils::SceneList* list) {
     // allocated stands in the list as null.
     for (KUtils::SceneNode* node = list->head; node != nullptr; node = node->next) {
         if (node->scene == nullptr) continue;
-        node->scene->~KelmoScene();
-        kelmo_free(node->scene, sizeof(KUtils::KelmoScene));
+        freeScene(node->scene);
         ++freed;
     }
     for (KUtils::SceneBlock* block = list->firstBlock; block != nullptr;) {

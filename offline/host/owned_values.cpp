@@ -1,4 +1,4 @@
-#include "owned_values.h"
+#include "host/owned_values.h"
 
 #include <cstring>
 

@@ -1,7 +1,7 @@
 #include <dlfcn.h>
 #include <pthread.h>
 
-#include "process.h"
+#include "host/process.h"
 
 namespace Offline {
 

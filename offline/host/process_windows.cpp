@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "process.h"
+#include "host/process.h"
 
 namespace Offline {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "control.h"
+#include "host/control.h"
 
 namespace offlinehost {
 
