@@ -1,5 +1,6 @@
 #include "host/change_report.h"
 
+#include "core/scene_file/scene_file_api.h"
 #include "host/extra_scenes.h"
 #include "host/json_text.h"
 #include "host/value_digest.h"
@@ -48,7 +49,7 @@ void append(void* user, const char* text, std::size_t length) { static_cast<std:
 
 std::string shortText(KUtils::KelmoPluginParameter* value) {
     std::string text;
-    describeValue(*value, SHOWN_ELEMENTS, append, &text);
+    describeValue(value, SHOWN_ELEMENTS, append, &text);
     return text;
 }
 

@@ -4,6 +4,7 @@
 
 #include <new>
 
+#include "core/scene_file/scene_file_api.h"
 #include "host/error_text.h"
 #include "host/export.h"
 #include "host/extra_scenes.h"
@@ -83,14 +84,18 @@ int save(const char* path) {
 }
 
 int saveText(OfflineTextSink sink, void* user) {
-    return onScene("saveText", [=](Host& host) { return statusOf(writeScene(host.contents(), sink, user)); });
+    return onScene("saveText", [=](Host& host) {
+        saveSceneText(host.contents(), sink, user);
+        return 0;
+    });
 }
 
 int saveExtraText(int index, OfflineTextSink sink, void* user) {
     return onScene("saveExtraText", [=](Host& host) {
         KUtils::KelmoScene* scene = extraScene(*host.scenes, index);
         if (scene == nullptr) return failed("there is no extra scene " + std::to_string(index));
-        return statusOf(writeScene(contentsOf(scene), sink, user));
+        saveSceneText(contentsOf(scene), sink, user);
+        return 0;
     });
 }
 

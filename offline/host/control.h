@@ -35,7 +35,8 @@ struct OfflineControl {
     int (*open)(const char* path, const char* shownName);
     int (*openText)(const char* text, size_t length, const char* shownName);
 
-    // Writes the main scene: to a file (aside, then renamed) or to a sink, line by line.
+    // Writes the main scene: to a file (aside, then renamed) or to a sink, one call a
+    // line, the line's end included.
     int (*save)(const char* path);
     int (*saveText)(OfflineTextSink sink, void* user);
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "core/base/call_line.h"
+#include "core/scene_file/scene_file_api.h"
 #include "host/error_text.h"
 #include "host/extra_scenes.h"
 #include "host/json_text.h"
@@ -103,10 +104,7 @@ KUtils::Plugin* Host::exportNode(const char* functionName, const char* node, con
     noteCall(functionName);
     if (isObserved()) CallLine("host.").text(functionName).text("(").quoted(node).text(")");
     if (node == nullptr || ended) return nullptr;
-    KUtils::ErrorRecord* error = nullptr;
-    KUtils::Plugin* plugin = materialise(contents(), node, kind, &error);
-    if (error != nullptr) warnings.add(takeErrorText(error).c_str());
-    return plugin;
+    return materialise(contents(), node, kind);
 }
 
 void Host::noteCall(const char* functionName) {
