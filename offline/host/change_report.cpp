@@ -2,7 +2,7 @@
 
 #include "core/scene_file/scene_file_api.h"
 #include "host/extra_scenes.h"
-#include "host/json_text.h"
+#include "host/json_object.h"
 #include "host/value_digest.h"
 
 namespace Offline {

@@ -7,7 +7,7 @@
 #include "core/scene_file/scene_file_api.h"
 #include "host/error_text.h"
 #include "host/extra_scenes.h"
-#include "host/json_text.h"
+#include "host/json_object.h"
 #include "host/owned_values.h"
 #include "host/process.h"
 

@@ -47,14 +47,25 @@ def runPython(code, root=None, arguments=()):
 
 
 class HostTest(unittest.TestCase):
-    """A test of the offline host alone. `scene`: the text that the main scene is read from."""
+    """A test of the offline host alone.
+
+    `scene`: the text that the main scene is read from. `types`: folders whose plugin types are added to the
+    catalogue; those for tests (tests/support/types) by default.
+    """
 
     scene = None
+    types = (TESTS.replace('\\', '/') + '/support/types',)
     maxDiff = None
 
+    def addTestTypes(self):
+        """Adds the types again after a reset in the middle of a test."""
+        for folder in self.types:
+            offlinehost.add_types(folder)
+
     def setUp(self):
-        offlinehost.reset()
         offlinehost.echo_warnings(False)
+        offlinehost.reset()
+        self.addTestTypes()
         if self.scene is not None:
             offlinehost.open_text(self.scene)
 
