@@ -62,7 +62,13 @@ class HostTest(unittest.TestCase):
         for folder in self.types:
             offlinehost.add_types(folder)
 
+    def endHost(self):
+        """Ends the host before the test does; the report."""
+        self.report = offlinehost.end()
+        return self.report
+
     def setUp(self):
+        self.report = None
         offlinehost.echo_warnings(False)
         offlinehost.reset()
         self.addTestTypes()
@@ -82,7 +88,7 @@ class HostTest(unittest.TestCase):
             if counters['script_access_begun'] != counters['script_access_ended'] + self.abandonedAccesses():
                 problems.append('access to the scene was begun %d times and ended %d times'
                                 % (counters['script_access_begun'], counters['script_access_ended']))
-            report = offlinehost.end()
+            report = self.report or self.endHost()
             problems.extend('%s: %d' % (name, report[name]) for name in sorted(report)
                             if name.endswith('_leaked') and report[name] != 0)
             # Blocks that were given back with a size that they do not have, and the like.

@@ -134,7 +134,7 @@ class Ending(HostTest):
 
     def testEndReportsThatNothingIsLeft(self):
         offlinehost.open_text(SCENE)
-        report = offlinehost.end()
+        report = self.endHost()
         self.assertEqual(report['values_made'], 4)
         self.assertEqual(report['values_freed'], 4)
         self.assertEqual([name for name in report if name.endswith('_leaked') and report[name]], [])

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "library.h"
+#include "support/library.h"
 
 namespace support {
 

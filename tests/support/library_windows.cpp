@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "library.h"
+#include "support/library.h"
 
 namespace support {
 

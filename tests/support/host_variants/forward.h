@@ -7,7 +7,7 @@
 #include "host/export.h"
 #include "host/process.h"
 #include "kelmo/scene/host_exports.h"
-#include "library.h"
+#include "support/library.h"
 
 namespace variant {
 

@@ -1,6 +1,6 @@
 #include "host_table.h"
 
-#include "library.h"
+#include "support/library.h"
 
 namespace offlinehost {
 

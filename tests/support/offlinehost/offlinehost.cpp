@@ -5,7 +5,7 @@
 #include "python.h"
 // The interpreter's header comes first.
 #include "host_table.h"
-#include "library.h"
+#include "support/library.h"
 #include "texts.h"
 
 namespace {

@@ -58,7 +58,7 @@ TEST_CASE(scenesBlocksAndTheListAreFreed) {
         KUtils::KelmoScene* scene;
     };
     const Row rows[] = {
-        {"before the first", -1, nullptr}, {"newest", 0, newest}, {"null", 1, nullptr}, {"oldest", 2, oldest},
+        {"before the first", -1, nullptr}, {"newest", 0, newest},        {"null", 1, nullptr}, {"oldest", 2, oldest},
         {"behind the last", 3, nullptr},   {"far behind", 100, nullptr},
     };
     KUtils::SceneNode marker{};
