@@ -7,7 +7,6 @@
 #include "core/scene_file/scene_file_api.h"
 #include "host/error_text.h"
 #include "host/export.h"
-#include "host/extra_scenes.h"
 #include "host/host.h"
 
 namespace Offline {
@@ -92,7 +91,7 @@ int saveText(OfflineTextSink sink, void* user) {
 
 int saveExtraText(int index, OfflineTextSink sink, void* user) {
     return onScene("saveExtraText", [=](Host& host) {
-        KUtils::KelmoScene* scene = extraScene(*host.scenes, index);
+        KUtils::KelmoScene* scene = extraScene(host.scenes, index);
         if (scene == nullptr) return failed("there is no extra scene " + std::to_string(index));
         saveSceneText(contentsOf(scene), sink, user);
         return 0;
@@ -101,7 +100,7 @@ int saveExtraText(int index, OfflineTextSink sink, void* user) {
 
 int snapshot() {
     return onScene("snapshot", [](Host& host) {
-        host.changes.remember(host.contents(), *host.scenes);
+        host.changes.remember(host.contents(), host.scenes);
         return 0;
     });
 }
@@ -109,7 +108,7 @@ int snapshot() {
 int changes(OfflineTextSink sink, void* user) {
     return onScene("changes", [=](Host& host) {
         if (!host.changes.hasRemembered()) return failed("there is no snapshot to compare with");
-        host.changes.report(host.contents(), *host.scenes, sink, user);
+        host.changes.report(host.contents(), host.scenes, sink, user);
         return 0;
     });
 }

@@ -20,7 +20,7 @@ OFFLINE_EXPORT KUtils::SceneList* getScenes() {
     Host& host = Host::get();
     host.noteCall("getScenes");
     if (Offline::isObserved()) CallLine("host.getScenes()");
-    return host.scenes;
+    return &host.scenes;
 }
 
 OFFLINE_EXPORT KUtils::Plugin* exportTexture(const char* nodeName) {

@@ -11,11 +11,9 @@ constexpr std::int32_t SLOTS_PER_BLOCK = 8;
 
 }  // namespace
 
-KUtils::SceneList* makeExtraScenes() {
-    auto* list = static_cast<KUtils::SceneList*>(kelmo_malloc(sizeof(KUtils::SceneList)));
-    if (list == nullptr) return nullptr;
-    *list = KUtils::SceneList{};
-    list->blockSize = SLOTS_PER_BLOCK;
+KUtils::SceneList emptyExtraScenes() {
+    KUtils::SceneList list{};
+    list.blockSize = SLOTS_PER_BLOCK;
     return list;
 }
 
@@ -25,23 +23,22 @@ KUtils::KelmoScene* extraScene(const KUtils::SceneList& list, int index) {
     return node != nullptr ? node->scene : nullptr;
 }
 
-std::uint32_t freeExtraScenes(KUtils::SceneList* list) {
-    if (list == nullptr) return 0;
+std::uint32_t freeExtraScenes(KUtils::SceneList& list) {
     std::uint32_t freed = 0;
     // Nodes lie in the blocks, so only the scenes are freed one by one. A scene that could not be
     // allocated stands in the list as null.
-    for (KUtils::SceneNode* node = list->head; node != nullptr; node = node->next) {
+    for (KUtils::SceneNode* node = list.head; node != nullptr; node = node->next) {
         if (node->scene == nullptr) continue;
         freeScene(node->scene);
         ++freed;
     }
-    for (KUtils::SceneBlock* block = list->firstBlock; block != nullptr;) {
+    for (KUtils::SceneBlock* block = list.firstBlock; block != nullptr;) {
         KUtils::SceneBlock* next = block->next;
         kelmo_free(block->slots, static_cast<std::size_t>(block->capacity) * sizeof(KUtils::SceneNode));
         kelmo_free(block, sizeof *block);
         block = next;
     }
-    kelmo_free(list, sizeof *list);
+    list = emptyExtraScenes();
     return freed;
 }
 

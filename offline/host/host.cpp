@@ -6,7 +6,6 @@
 #include "core/base/call_line.h"
 #include "core/scene_file/scene_file_api.h"
 #include "host/error_text.h"
-#include "host/extra_scenes.h"
 #include "host/json_object.h"
 #include "host/owned_values.h"
 #include "host/process.h"
@@ -64,7 +63,6 @@ void Host::release() {
     ownedFreed = freeOwnedValues(manager.ownedParams);
     manager.ownedParams = nullptr;
     scenesFreed = freeExtraScenes(scenes);
-    scenes = nullptr;
     if (manager.pluginManager != nullptr) clearContents(contents());
     changes.forget();
 }
@@ -81,13 +79,12 @@ bool Host::reset() {
     warnings.clear();
     if (!typesProblem.empty()) warnings.add(typesProblem.c_str());
     atReset = marksNow();
-    manager.accessesBegun = manager.accessesEnded = 0;
+    manager.forgetAccesses(ended);
     thread = foreignCalls = 0;
     ownedFreed = scenesFreed = 0;
     ended = false;
     manager.ownedParams = makeOwnedValues();
-    scenes = makeExtraScenes();
-    return manager.pluginManager != nullptr && manager.ownedParams != nullptr && scenes != nullptr;
+    return manager.pluginManager != nullptr && manager.ownedParams != nullptr;
 }
 
 void Host::end() {
@@ -164,7 +161,7 @@ void Host::enumCounters(CounterSink sink, void* user) const {
     sink(user, "script_access_begun", manager.accessesBegun);
     sink(user, "script_access_ended", manager.accessesEnded);
     sink(user, "owned_values", manager.ownedParams != nullptr ? countOwnedValues(*manager.ownedParams) : 0);
-    sink(user, "extra_scenes", scenes != nullptr ? static_cast<std::uint64_t>(scenes->count) : 0);
+    sink(user, "extra_scenes", static_cast<std::uint64_t>(scenes.count));
     sink(user, "main_plugins", manager.pluginManager != nullptr ? pluginCount(mainContents(manager.pluginManager)) : 0);
     sink(user, "warnings", warnings.count());
 }

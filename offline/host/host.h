@@ -9,6 +9,7 @@
 
 #include "core/core_api.h"
 #include "host/change_report.h"
+#include "host/extra_scenes.h"
 #include "host/host_manager.h"
 #include "host/warnings.h"
 #include "kelmo/scene/scene_list.h"
@@ -44,7 +45,7 @@ class Host {
     void enumCounters(CounterSink sink, void* user) const;
 
     HostManager manager;
-    KUtils::SceneList* scenes = nullptr;
+    KUtils::SceneList scenes = emptyExtraScenes();  // keeps its place: the module remembers it
     Warnings warnings;
     ChangeReport changes;
 

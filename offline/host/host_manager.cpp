@@ -56,4 +56,9 @@ int HostManager::endScriptAccess() {
     return 0;
 }
 
+void HostManager::forgetAccesses(bool allAreOver) {
+    accessesBegun = allAreOver || accessesEnded > accessesBegun ? 0 : accessesBegun - accessesEnded;
+    accessesEnded = 0;
+}
+
 }  // namespace Offline

@@ -22,6 +22,9 @@ class HostManager final : public KUtils::HostPluginManager {
     int beginScriptAccess() override;
     int endScriptAccess() override;
 
+    // Counts anew; accesses that are still open go on counting unless all are over.
+    void forgetAccesses(bool allAreOver);
+
     std::uint64_t accessesBegun = 0;
     std::uint64_t accessesEnded = 0;
 

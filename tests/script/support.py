@@ -35,12 +35,19 @@ def sceneText(*plugins):
     return '\n'.join(lines) + '\n'
 
 
-def runPython(code, root=None, arguments=()):
-    """Runs code in an interpreter of its own; (exit code, stdout, stderr). Root: the root variable."""
-    environment = dict(os.environ)
-    environment[ROOT_VARIABLE] = STAGE if root is None else root
-    environment['PYTHONPATH'] = os.pathsep.join(p for p in sys.path[:3])
-    process = subprocess.Popen([sys.executable, '-B', '-c', code] + list(arguments), env=environment,
+def runPython(code, root=None, environment=None, arguments=()):
+    """Runs code in an interpreter of its own; (exit code, stdout, stderr).
+
+    `root` is the root variable. `environment` sets further variables, or removes those that are None, where the
+    module reads them: in the C runtime, which on Windows is not the interpreter's and takes any characters.
+    """
+    if environment:
+        code = 'import offlinehost\n' + ''.join(
+            'offlinehost.set_environment(%r, %r)\n' % item for item in sorted(environment.items())) + code
+    variables = dict(os.environ)
+    variables[ROOT_VARIABLE] = STAGE if root is None else root
+    variables['PYTHONPATH'] = os.pathsep.join(sys.path[:3])
+    process = subprocess.Popen([sys.executable, '-B', '-c', code] + list(arguments), env=variables,
                                stdout=subprocess.PIPE, stderr=subprocess.PIPE)
     out, err = process.communicate()
     return process.returncode, out.replace('\r\n', '\n'), err.replace('\r\n', '\n')

@@ -22,7 +22,7 @@ struct RememberedScene {
         KUtils::ErrorRecord* error = Offline::readSceneText(contents(), SCENE, std::strlen(SCENE), "test");
         CHECK_TEXT(error != nullptr ? error->message : "", "");
         KUtils::releaseError(error);
-        report.remember(contents(), *extra);
+        report.remember(contents(), extra);
     }
     ~RememberedScene() {
         Offline::freeExtraScenes(extra);
@@ -34,7 +34,7 @@ struct RememberedScene {
 
     std::string changes() {
         std::string lines;
-        report.report(contents(), *extra, keepLine, &lines);
+        report.report(contents(), extra, keepLine, &lines);
         return lines;
     }
 
@@ -43,7 +43,7 @@ struct RememberedScene {
     }
 
     KUtils::PluginManager* manager = Offline::makeManager();
-    KUtils::SceneList* extra = Offline::makeExtraScenes();
+    KUtils::SceneList extra = Offline::emptyExtraScenes();
     Offline::ChangeReport report;
 };
 
@@ -100,7 +100,7 @@ TEST_CASE(aLongListThatDiffersAtItsEndIsReported) {
     RememberedScene scene;
     stub::IntList before("ids", std::vector<std::int32_t>(100000, 1));
     CHECK(scene.find("a")->setParameter(&before) != 0);
-    scene.report.remember(scene.contents(), *scene.extra);
+    scene.report.remember(scene.contents(), scene.extra);
     CHECK_TEXT(scene.changes().c_str(), "");
     before.values.back() = 2;
     CHECK(std::strstr(scene.changes().c_str(), "\"param\":\"ids\"") != nullptr);

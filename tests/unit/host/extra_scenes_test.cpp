@@ -30,27 +30,25 @@ KUtils::KelmoScene* makeScene(KUtils::PluginManager* manager) {
 }  // namespace
 
 TEST_CASE(aNewListIsEmptyAndHasABlockSize) {
-    KUtils::SceneList* list = Offline::makeExtraScenes();
-    CHECK(list != nullptr);
-    CHECK_EQ(list->blockSize, 8);
-    CHECK_EQ(list->count, 0);
-    CHECK_EQ(static_cast<const void*>(list->head), nullptr);
-    CHECK_EQ(static_cast<const void*>(list->firstBlock), nullptr);
-    CHECK_EQ(static_cast<const void*>(Offline::extraScene(*list, 0)), nullptr);
+    KUtils::SceneList list = Offline::emptyExtraScenes();
+    CHECK_EQ(list.blockSize, 8);
+    CHECK_EQ(list.count, 0);
+    CHECK_EQ(static_cast<const void*>(list.head), nullptr);
+    CHECK_EQ(static_cast<const void*>(list.firstBlock), nullptr);
+    CHECK_EQ(static_cast<const void*>(Offline::extraScene(list, 0)), nullptr);
     CHECK_EQ(Offline::freeExtraScenes(list), 0u);
-    CHECK_EQ(Offline::freeExtraScenes(nullptr), 0u);
 }
 
 TEST_CASE(scenesBlocksAndTheListAreFreed) {
     KUtils::PluginManager* manager = Offline::makeManager();
     const std::uint64_t blocks = Offline::counter("live_blocks");
     const std::uint64_t scenes = Offline::counter("scenes_made") - Offline::counter("scenes_freed");
-    KUtils::SceneList* list = Offline::makeExtraScenes();
+    KUtils::SceneList list = Offline::emptyExtraScenes();
     KUtils::KelmoScene* oldest = makeScene(manager);
     KUtils::KelmoScene* newest = makeScene(manager);
-    append(*list, oldest);
-    append(*list, nullptr);  // a scene that could not be allocated
-    append(*list, newest);
+    append(list, oldest);
+    append(list, nullptr);  // a scene that could not be allocated
+    append(list, newest);
 
     struct Row {
         const char* label;
@@ -62,15 +60,18 @@ TEST_CASE(scenesBlocksAndTheListAreFreed) {
         {"behind the last", 3, nullptr},   {"far behind", 100, nullptr},
     };
     KUtils::SceneNode marker{};
-    list->cursor = &marker;
+    list.cursor = &marker;
     for (const Row& row : rows) {
         CHECK_ROW(row.label);
-        CHECK_EQ(static_cast<const void*>(Offline::extraScene(*list, row.index)), static_cast<const void*>(row.scene));
+        CHECK_EQ(static_cast<const void*>(Offline::extraScene(list, row.index)), static_cast<const void*>(row.scene));
     }
     CHECK_ROW(nullptr);
-    CHECK(list->cursor == &marker);
+    CHECK(list.cursor == &marker);
 
     CHECK_EQ(Offline::freeExtraScenes(list), 2u);
+    CHECK_EQ(list.count, 0);
+    CHECK_EQ(static_cast<const void*>(list.firstBlock), nullptr);
+    CHECK_EQ(static_cast<const void*>(list.cursor), nullptr);
     CHECK_EQ(Offline::counter("live_blocks"), blocks);
     CHECK_EQ(Offline::counter("scenes_made") - Offline::counter("scenes_freed"), scenes);
     Offline::freeManager(manager);

@@ -32,7 +32,7 @@ Function exportOf(void* library, const char* name) {
 TEST_CASE(eachVariantLacksOneExport) {
     for (const char* missing : EXPORTS) {
         CHECK_ROW(missing);
-        void* library = openHost(std::string("/tests/roots/no_") + missing);
+        void* library = openHost(std::string("/tests/roots/without_") + missing);
         if (library == nullptr) continue;
         for (const char* name : EXPORTS)
             CHECK_EQ(support::findSymbol(library, name) != nullptr, std::strcmp(name, missing) != 0);
@@ -58,7 +58,7 @@ TEST_CASE(theFullHostHasAllAndTheControlTable) {
 
 TEST_CASE(variantsShareTheStateOfTheFullHost) {
     void* full = openHost("/stage");
-    void* silent = openHost("/tests/roots/no_printWarning");
+    void* silent = openHost("/tests/roots/without_printWarning");
     if (full == nullptr || silent == nullptr) return;
     CHECK(exportOf<KUtils::GetPluginManagerFunction>(silent, "getPluginManager")() ==
           exportOf<KUtils::GetPluginManagerFunction>(full, "getPluginManager")());
