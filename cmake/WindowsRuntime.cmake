@@ -1,8 +1,8 @@
 # What a vendor's compiler brings along on Windows and cmake/toolchain-windows-msvc.cmake does not:
 #   windows_startup                    start-up code, linked into every library and program
 #   windows_import_library(NAME FILE)  an import library windows::NAME from a definition file
-# Both reach every target through project_options. RapidJSON is header-only and the same on every
-# system; its one folder is linked into the build tree, so that nothing else of /usr/include is seen.
+# The start-up code reaches every target through project_options. RapidJSON is header-only and the same
+# on every system; its one folder is linked into the build tree, so that nothing else of /usr/include is seen.
 function(windows_import_library name definition)
   set(library "${CMAKE_BINARY_DIR}/imports/${name}.lib")
   file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/imports")
@@ -41,5 +41,5 @@ target_link_libraries(windows_startup INTERFACE windows::kernel32 windows::ucrtb
 set(_headers "${CMAKE_BINARY_DIR}/headers")
 file(MAKE_DIRECTORY "${_headers}")
 file(CREATE_LINK /usr/include/rapidjson "${_headers}/rapidjson" SYMBOLIC)
-target_include_directories(project_options SYSTEM INTERFACE "${_headers}")
+set(RAPIDJSON_INCLUDE_DIR "${_headers}" CACHE PATH "Where rapidjson/ stands")
 target_link_libraries(project_options INTERFACE windows_startup)
