@@ -2,6 +2,7 @@
 // std::function and the usual exceptions need it.
 #include <algorithm>
 #include <atomic>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
@@ -102,8 +103,22 @@ size_t __next_prime(size_t number) {
     }
 }
 
+template <class Number>
+static string formatNumber(const char* format, Number number) {
+    char text[24];
+    return string(text, static_cast<size_t>(snprintf(text, sizeof text, format, number)));
+}
+string to_string(int number) { return formatNumber("%d", number); }
+string to_string(unsigned number) { return formatNumber("%u", number); }
+string to_string(long number) { return formatNumber("%ld", number); }
+string to_string(unsigned long number) { return formatNumber("%lu", number); }
+string to_string(long long number) { return formatNumber("%lld", number); }
+string to_string(unsigned long long number) { return formatNumber("%llu", number); }
+
 // The templates that the headers declare as instantiated elsewhere.
 template class basic_string<char>;
+template class basic_string<wchar_t>;
+template string operator+<char, char_traits<char>, allocator<char>>(const char*, const string&);
 
 template <class Compare, class Iterator>
 void __sort(Iterator first, Iterator last, Compare) {
