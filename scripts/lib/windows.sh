@@ -3,6 +3,7 @@ WINDOWS_BUILD=$PWD/build/windows
 WINDOWS_STAGE=$WINDOWS_BUILD/stage
 WINDOWS_PYTHON=$WINDOWS_BUILD/python
 WINDOWS_PYTHON_SOURCE=$WINDOWS_BUILD/python-source
+WINDOWS_TEST_TIMEOUT=${WINDOWS_TEST_TIMEOUT:-300}
 export WINEPREFIX=$WINDOWS_BUILD/wine
 
 windows_packages() {
@@ -67,4 +68,18 @@ windows_session() {
 
 windows_session_end() {
     /usr/lib/wine/wineserver -k || true
+}
+
+# The C++ tests that stand on tests/support/check.h; the build knows how to run a Windows program.
+windows_unit_tests() {
+    WINEPATH="Z:$WINDOWS_STAGE/bin" ctest --test-dir "$WINDOWS_BUILD" --verbose --no-tests=error \
+        --timeout "$WINDOWS_TEST_TIMEOUT"
+}
+
+# The script suite. The variables have to stand before the process starts: the module's C run-time is not
+# the interpreter's, and neither sees what the other changes.
+windows_script_tests() {
+    WINEPATH="Z:$WINDOWS_STAGE/bin" PYTHONHOME="Z:$WINDOWS_PYTHON_SOURCE" \
+        KELMO_FOR_MAYA2020_MAIN="Z:$WINDOWS_STAGE" \
+        scripts/lib/windows-run.sh "$WINDOWS_PYTHON/python.exe" tests/script/run.py --build "Z:$WINDOWS_BUILD" "$@"
 }
