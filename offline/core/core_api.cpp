@@ -48,7 +48,7 @@ SceneContents& contentsOf(KUtils::KelmoScene* scene) { return *KUtils::SceneAcce
 
 void freeScene(KUtils::KelmoScene* scene) {
     if (scene == nullptr) return;
-    scene->~KelmoScene();
+    scene->KUtils::KelmoScene::~KelmoScene();
     kelmo_free(scene, sizeof(KUtils::KelmoScene));
 }
 
