@@ -38,9 +38,9 @@ string(JOIN " " _system "-isystem ${_builtin}/include" "-isystem ${_windows}/hea
 set(CMAKE_C_FLAGS_INIT "${_common} ${_system}")
 set(CMAKE_CXX_FLAGS_INIT "${_common} ${_libcxx} ${_system}")
 
-# /Brepro: the same sources give the same bytes.
+# /Brepro: the same sources give the same bytes. /ignore:4217: a test may define what other objects import.
 foreach(_kind EXE SHARED MODULE)
-  set(CMAKE_${_kind}_LINKER_FLAGS_INIT "-Xlinker /nodefaultlib -Xlinker /merge:.CRT=.rdata -Xlinker /Brepro")
+  set(CMAKE_${_kind}_LINKER_FLAGS_INIT "-Xlinker /nodefaultlib -Xlinker /merge:.CRT=.rdata -Xlinker /Brepro -Xlinker /ignore:4217")
 endforeach()
 
 set(CMAKE_FIND_ROOT_PATH "${_windows}")
