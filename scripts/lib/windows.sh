@@ -83,3 +83,22 @@ windows_script_tests() {
         KELMO_FOR_MAYA2020_MAIN="Z:$WINDOWS_STAGE" \
         scripts/lib/windows-run.sh "$WINDOWS_PYTHON/python.exe" tests/script/run.py --build "Z:$WINDOWS_BUILD" "$@"
 }
+
+# usage: windows_compare_with_linux OUTPUT   of windows_script_tests --verbose
+# The tests that passed here must be those that the same runner finds on Linux: none more, none less.
+windows_compare_with_linux() {
+    local lists=$WINDOWS_BUILD/lists
+    mkdir -p "$lists"
+    scripts/setup
+    [ -f build/release/build.ninja ] || cmake --preset release
+    cmake --build --preset release --target pluginmodifier offlinehost stage/python/kelmo/__init__.py
+    /usr/bin/python2.7 -B tests/script/run.py --build build/release --list | LC_ALL=C sort >"$lists/linux"
+    awk '$1 == "ok" { print $NF }' "$1" | LC_ALL=C sort >"$lists/windows"
+    printf 'script tests: %d on Linux, %d passed on Windows\n' "$(wc -l <"$lists/linux")" "$(wc -l <"$lists/windows")"
+    if [ -s "$lists/linux" ] && diff "$lists/linux" "$lists/windows"; then
+        echo "1 passed, 0 failed"
+    else
+        echo "0 passed, 1 failed"
+        return 1
+    fi
+}
