@@ -2,6 +2,7 @@
 // std::function and the usual exceptions need it.
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -114,6 +115,30 @@ string to_string(long number) { return formatNumber("%ld", number); }
 string to_string(unsigned long number) { return formatNumber("%lu", number); }
 string to_string(long long number) { return formatNumber("%lld", number); }
 string to_string(unsigned long long number) { return formatNumber("%llu", number); }
+
+// `parse` is one of the C functions; a number that it or `Number` cannot hold is out of range.
+template <class Number, class Parse, class... Base>
+static Number parseNumber(const string& text, size_t* used, Parse parse, Base... base) {
+    char* end = nullptr;
+    errno = 0;
+    const auto number = parse(text.c_str(), &end, base...);
+    if (end == text.c_str()) throw invalid_argument("no number");
+    if (errno == ERANGE || static_cast<decltype(number)>(static_cast<Number>(number)) != number)
+        throw out_of_range("number out of range");
+    if (used != nullptr) *used = static_cast<size_t>(end - text.c_str());
+    return static_cast<Number>(number);
+}
+int stoi(const string& text, size_t* used, int base) { return parseNumber<int>(text, used, strtol, base); }
+long stol(const string& text, size_t* used, int base) { return parseNumber<long>(text, used, strtol, base); }
+unsigned long stoul(const string& text, size_t* used, int base) {
+    return parseNumber<unsigned long>(text, used, strtoul, base);
+}
+long long stoll(const string& text, size_t* used, int base) {
+    return parseNumber<long long>(text, used, strtoll, base);
+}
+unsigned long long stoull(const string& text, size_t* used, int base) {
+    return parseNumber<unsigned long long>(text, used, strtoull, base);
+}
 
 // The templates that the headers declare as instantiated elsewhere.
 template class basic_string<char>;
