@@ -12,7 +12,11 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 add_library(project_options INTERFACE)
 # Values are computed as written: no fused multiply-add changes a mean in its last bit.
-target_compile_options(project_options INTERFACE -Wall -Wextra -Wpedantic -Werror -ffp-contract=off)
+if(MSVC AND CMAKE_CXX_COMPILER_ID STREQUAL "MSVC")
+  target_compile_options(project_options INTERFACE /W3 /permissive- /EHsc /utf-8 /fp:precise)
+else()
+  target_compile_options(project_options INTERFACE -Wall -Wextra -Wpedantic -Werror -ffp-contract=off)
+endif()
 
 set(SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 if(SANITIZE)

@@ -1,0 +1,2 @@
+/* The interpreter writes the name with a capital letter. */
+#include <windows.h>

@@ -1,0 +1,2 @@
+/* The mark that the compiler refers to wherever floating point is used. */
+int _fltused = 1;
