@@ -35,14 +35,24 @@ struct OfflineControl {
     int (*open)(const char* path, const char* shownName);
     int (*openText)(const char* text, size_t length, const char* shownName);
 
-    // Writes the main scene: to a file (aside, then renamed) or to a sink, line by line.
+    // Writes the main scene: to a file (aside, then renamed) or to a sink, one call a
+    // line, the line's end included.
     int (*save)(const char* path);
     int (*saveText)(OfflineTextSink sink, void* user);
 
     // Writes extra scene `index` (0: the newest) to a sink.
     int (*saveExtraText)(int index, OfflineTextSink sink, void* user);
 
-    // Remembers the main scene as it is now; then: what has changed since, one JSON object a change.
+    // Remembers the main scene as it is now; then: what has changed since, one JSON object a change, in
+    // the scene's order. Plugins that were there:
+    //   {"change":"deleted","plugin":"NAME","type":"TYPE"}
+    //   {"change":"set","plugin":"NAME","type":"TYPE","param":"NAME","old":"TEXT","new":"TEXT"}
+    // then those that are new, each followed by its values as "set" with "old":null:
+    //   {"change":"created","plugin":"NAME","type":"TYPE"}
+    // then the extra scenes that came in since, oldest first:
+    //   {"change":"scene_added","plugins":COUNT}
+    // TEXT is the value as it stands in a scene file, a long list shortened with its length. "old" is
+    // null where no value was carried before, "new" where none is carried now.
     int (*snapshot)(void);
     int (*changes)(OfflineTextSink sink, void* user);
 
@@ -51,7 +61,13 @@ struct OfflineControl {
     int (*reset)(void);
 
     // Ends the host: frees owned values, then the scenes, then reports as one JSON object what it
-    // freed and what is still alive. Returns 0 when nothing is. Only reset may follow.
+    // freed and what is still alive, all counted since the last reset. Returns 0 when nothing is alive.
+    // Only reset may follow. The report:
+    //   owned_freed, scenes_freed   values of the owned-value set, extra scenes
+    //   values_made, values_freed   value objects of the core's own
+    //   values_leaked, plugins_leaked, scenes_leaked, errors_leaked, blocks_leaked, bytes_leaked
+    //   accesses_open               script accesses begun and not ended
+    //   misuse_wrong_sizes, misuse_foreign_frees, misuse_threads   wrong calls, and last_misuse: TEXT
     int (*end)(OfflineTextSink sink, void* user);
 
     // Calls `sink` with one line for each call that the host or the core receives; null: no more.

@@ -1,6 +1,7 @@
 #include "scene/scene_storage.h"
 
 #include <cstring>
+#include <initializer_list>
 
 #include "check.h"
 #include "core/core_api.h"

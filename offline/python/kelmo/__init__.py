@@ -1,0 +1,1 @@
+"""The package that scripts import the scene access module from: kelmo.pluginmodifier."""

@@ -1,0 +1,235 @@
+#include "params/nested/list_of_lists_param.h"
+
+#include <type_traits>
+
+#include "params/base/param_base.h"
+#include "params/base/value_type.h"
+
+namespace KUtils {
+
+namespace {
+
+// A new, empty sublist; null when memory is short.
+template <class T>
+ArrayRecord<T>* newSublist() {
+    auto* list = static_cast<ArrayRecord<T>*>(kelmo_malloc(sizeof(ArrayRecord<T>)));
+    if (list != nullptr) *list = ArrayRecord<T>{0, 1, 0, nullptr};
+    return list;
+}
+
+template <class T>
+void freeSublist(ArrayRecord<T>* list) {
+    if (list == nullptr) return;
+    list->release();
+    kelmo_free(list, sizeof(ArrayRecord<T>));
+}
+
+}  // namespace
+
+// Construction and destruction
+
+template <class T>
+DefListOfListsParam<T>::DefListOfListsParam(const char* text, bool copied)
+    : depth(0), currentList(0), secondIndex(0), name(copied ? copyText(text) : text), ownsName(copied ? 1 : 0) {
+    lists.step = 1;
+}
+
+template <class T>
+DefListOfListsParam<T>::DefListOfListsParam(const DefListOfListsParam& source)
+    : KelmoPluginParameter(source),
+      KelmoCloneableParamInterface(source),
+      KelmoSettableParamInterface(source),
+      depth(source.depth),
+      currentList(source.currentList),
+      secondIndex(source.secondIndex),
+      name(source.ownsName != 0 ? copyText(source.name) : source.name),
+      ownsName(source.ownsName) {
+    lists.step = 1;
+    if (!lists.resize(source.lists.count, Growth::Exact)) return;
+    for (std::int32_t i = 0; i < lists.count; ++i) {
+        Sublist* copy = newSublist<T>();
+        if (copy != nullptr && source.lists.data[i] != nullptr) copy->copyElements(*source.lists.data[i]);
+        lists.data[i] = copy;
+    }
+}
+
+template <class T>
+DefListOfListsParam<T>::~DefListOfListsParam() {
+    for (std::int32_t i = 0; i < lists.count; ++i) freeSublist(lists.data[i]);
+    lists.release();
+    if (ownsName != 0) freeText(const_cast<char*>(name));
+}
+
+template <class T>
+bool DefListOfListsParam<T>::isWholeCopyOf(const DefListOfListsParam& source) const {
+    if ((name == nullptr) != (source.name == nullptr) || lists.count != source.lists.count) return false;
+    for (std::int32_t i = 0; i < lists.count; ++i) {
+        const Sublist* from = source.lists.data[i];
+        if (lists.data[i] == nullptr || lists.data[i]->count != (from != nullptr ? from->count : 0)) return false;
+    }
+    return true;
+}
+
+template <class T>
+PluginInterface* DefListOfListsParam<T>::getInterface(InterfaceID id) {
+    switch (static_cast<std::uint32_t>(id)) {
+        case EXT_CLONEABLE_PARAM:
+            return static_cast<KelmoCloneableParamInterface*>(this);
+        case EXT_SETTABLE_PARAM:
+            return static_cast<KelmoSettableParamInterface*>(this);
+        default:
+            return PluginBase::getInterface(id);
+    }
+}
+
+// The cursor
+
+template <class T>
+int DefListOfListsParam<T>::getCount(double) {
+    if (depth == 0) return lists.count;
+    const Sublist* list = depth == 1 ? openedList() : nullptr;
+    return list != nullptr ? list->count : -1;
+}
+
+template <class T>
+ListHandle DefListOfListsParam<T>::openListImpl(int index) {
+    if (depth++ != 0) return 0;
+    currentList = index;
+    return depth;
+}
+
+template <class T>
+ListHandle DefListOfListsParam<T>::closeList(ListHandle) {
+    if (depth > 0) --depth;
+    return depth;
+}
+
+template <class T>
+ParamType DefListOfListsParam<T>::getType(int index, double) {
+    if (depth == 0 || (depth == 1 && index == -1)) return PARAM_LIST;
+    return ValueType<T>::code;
+}
+
+// Reading: each variant answers its own type only
+
+template <class T>
+template <class Wanted>
+Wanted DefListOfListsParam<T>::read([[maybe_unused]] int index) const {
+    if constexpr (std::is_same<T, Wanted>::value) {
+        const Sublist* list = openedList();
+        const T* element = list != nullptr ? list->at(index) : nullptr;
+        if (element != nullptr) return *element;
+    }
+    return Wanted{};
+}
+
+template <class T>
+template <class Wanted>
+ListView<Wanted> DefListOfListsParam<T>::view() const {
+    if constexpr (std::is_same<T, Wanted>::value) {
+        const Sublist* list = openedList();
+        if (list != nullptr) return list->view();
+    }
+    return emptyView<Wanted>();
+}
+
+template <class T>
+int DefListOfListsParam<T>::getInt(int index, double) {
+    return read<std::int32_t>(index);
+}
+template <class T>
+float DefListOfListsParam<T>::getFloat(int index, double) {
+    return read<float>(index);
+}
+template <class T>
+Vector DefListOfListsParam<T>::getVector(int index, double) {
+    return read<Vector>(index);
+}
+template <class T>
+PluginBase* DefListOfListsParam<T>::getPlugin(int index, double, const char**) {
+    return read<PluginBase*>(index);
+}
+template <class T>
+ListView<std::int32_t> DefListOfListsParam<T>::getIntList(double) {
+    return view<std::int32_t>();
+}
+template <class T>
+ListView<float> DefListOfListsParam<T>::getFloatList(double) {
+    return view<float>();
+}
+template <class T>
+ListView<Vector> DefListOfListsParam<T>::getVectorList(double) {
+    return view<Vector>();
+}
+
+// Writing: with the conversions of the flat lists, but only at depth 1 and only over an element
+
+template <class T>
+template <class Given>
+void DefListOfListsParam<T>::write([[maybe_unused]] const Given& value, [[maybe_unused]] int index) {
+    if constexpr (HasWrite<T, Given>::value) {
+        const Sublist* list = depth == 1 ? openedList() : nullptr;
+        T* element = list != nullptr ? list->at(index) : nullptr;
+        if (element != nullptr) ValueType<T>::write(*element, value);
+    }
+}
+
+template <class T>
+void DefListOfListsParam<T>::setInt(int value, int index, double) {
+    write<std::int32_t>(value, index);
+}
+template <class T>
+void DefListOfListsParam<T>::setFloat(float value, int index, double) {
+    write<float>(value, index);
+}
+template <class T>
+void DefListOfListsParam<T>::setDouble(double value, int index, double) {
+    write<double>(value, index);
+}
+template <class T>
+void DefListOfListsParam<T>::setBool(bool value, int index, double) {
+    write<bool>(value, index);
+}
+template <class T>
+void DefListOfListsParam<T>::setVector(const Vector& value, int index, double) {
+    write<Vector>(value, index);
+}
+template <class T>
+void DefListOfListsParam<T>::setPluginOutput(PluginBase* plugin, const char*, int index, double) {
+    write<PluginBase*>(plugin, index);
+}
+
+// Counts
+
+template <class T>
+void DefListOfListsParam<T>::setCount(int count) {
+    if (depth == 0) {
+        replaceLists(count);
+    } else if (depth == 1) {
+        Sublist* list = openedList();
+        if (list != nullptr) list->resize(count, Growth::Exact);
+    }
+}
+
+template <class T>
+void DefListOfListsParam<T>::replaceLists(int count) {
+    const std::int32_t before = lists.count;
+    if (!lists.resize(count, Growth::Exact)) return;
+    for (std::int32_t i = 0; i < before; ++i) {
+        freeSublist(lists.data[i]);
+        lists.data[i] = nullptr;
+    }
+    for (std::int32_t i = 0; i < lists.count; ++i) lists.data[i] = newSublist<T>();
+}
+
+template class DefListOfListsParam<std::int32_t>;
+template class DefListOfListsParam<float>;
+template class DefListOfListsParam<Vector>;
+template class DefListOfListsParam<PluginBase*>;
+
+KelmoPluginParameter* DefListOfListIntParam::clone() { return wholeCopy(*this); }
+KelmoPluginParameter* DefListOfListFloatParam::clone() { return wholeCopy(*this); }
+KelmoPluginParameter* DefListOfListVectorParam::clone() { return wholeCopy(*this); }
+KelmoPluginParameter* DefListOfListPluginParam::clone() { return wholeCopy(*this); }
+
+}  // namespace KUtils

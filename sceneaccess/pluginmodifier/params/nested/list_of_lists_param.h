@@ -1,0 +1,105 @@
+// Lists of lists: a value is a list whose elements are lists of one type, reached with the cursor. The
+// setters write only inside the opened list; they never append.
+//
+// Ownership: every sublist is a record of its own, with its own block; a null one is an absent list.
+// Plugins are not owned.
+// Errors: a list or element that does not exist counts -1 and reads as the zero answer; a write to it
+// does nothing.
+#pragma once
+
+#include <cstdint>
+
+#include "kelmo/param/settable.h"
+#include "params/base/array_record.h"
+#include "params/base/whole_copy.h"
+
+namespace KUtils {
+
+template <class T>
+class DefListOfListsParam : public KelmoPluginParameter,
+                            public KelmoCloneableParamInterface,
+                            public KelmoSettableParamInterface {
+  public:
+    using Sublist = ArrayRecord<T>;
+
+    DefListOfListsParam(const char* name, bool ownsName);
+    // A sublist that could not be copied is absent; clone refuses such a copy.
+    DefListOfListsParam(const DefListOfListsParam& source);
+    ~DefListOfListsParam() override;
+
+    PluginInterface* getInterface(InterfaceID id) override;
+    using KelmoPluginParameter::getPlugin;
+    PluginBase* getPlugin() override { return this; }
+    const char* getName() override { return name; }
+
+    int getCount(double time) override;
+    ListHandle openListImpl(int index) override;
+    ListHandle closeList(ListHandle handle) override;
+    ParamType getType(int index, double time) override;
+
+    int getInt(int index, double time) override;
+    float getFloat(int index, double time) override;
+    Vector getVector(int index, double time) override;
+    PluginBase* getPlugin(int index, double time, const char** outputName) override;
+    ListView<std::int32_t> getIntList(double time) override;
+    ListView<float> getFloatList(double time) override;
+    ListView<Vector> getVectorList(double time) override;
+
+    void setInt(int value, int index, double time) override;
+    void setFloat(float value, int index, double time) override;
+    void setDouble(double value, int index, double time) override;
+    void setBool(bool value, int index, double time) override;
+    void setVector(const Vector& value, int index, double time) override;
+    void setPluginOutput(PluginBase* plugin, const char* outputName, int index, double time) override;
+
+    // At depth 0 all lists are replaced by `count` new, empty ones; at depth 1 the opened list is resized.
+    void setCount(int count) override;
+    // The same as setCount here, unlike in the flat lists.
+    void reserve(int capacity) override { setCount(capacity); }
+
+    // False when memory was too short for this copy of `source`.
+    bool isWholeCopyOf(const DefListOfListsParam& source) const;
+
+  private:
+    Sublist* openedList() const { return depth >= 1 && lists.holds(currentList) ? lists.data[currentList] : nullptr; }
+    void replaceLists(int count);
+    template <class Wanted>
+    Wanted read(int index) const;
+    template <class Wanted>
+    ListView<Wanted> view() const;
+    template <class Given>
+    void write(const Given& value, int index);
+
+    ArrayRecord<Sublist*> lists;
+    std::int32_t depth;
+    std::int32_t currentList;
+    std::int32_t secondIndex;
+    const char* name;
+    std::uint32_t ownsName;
+};
+
+class DefListOfListIntParam final : public DefListOfListsParam<std::int32_t> {
+  public:
+    using DefListOfListsParam::DefListOfListsParam;
+    KelmoPluginParameter* clone() override;
+};
+
+class DefListOfListFloatParam final : public DefListOfListsParam<float> {
+  public:
+    using DefListOfListsParam::DefListOfListsParam;
+    KelmoPluginParameter* clone() override;
+};
+
+class DefListOfListVectorParam final : public DefListOfListsParam<Vector> {
+  public:
+    using DefListOfListsParam::DefListOfListsParam;
+    KelmoPluginParameter* clone() override;
+};
+
+class DefListOfListPluginParam final : public DefListOfListsParam<PluginBase*> {
+  public:
+    using DefListOfListsParam::DefListOfListsParam;
+    KelmoPluginParameter* clone() override;
+};
+
+}  // namespace KUtils
