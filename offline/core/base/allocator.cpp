@@ -19,7 +19,6 @@ struct alignas(16) BlockHeader {
 static_assert(sizeof(BlockHeader) == 16, "blocks keep the heap's alignment");
 
 constexpr std::uint64_t LIVE = 0x6b656c6d6f6c6976;
-constexpr std::uint64_t FREED = 0x6b656c6d6f667265;
 
 std::uint64_t allocationsUntilFailure = 0;  // 0: none is going to fail
 bool failurePersists = false;
@@ -54,8 +53,7 @@ void reportMisuse() {
 bool isOurs(const BlockHeader* header, const char* call) {
     if (header->mark == LIVE) return true;
     ++counters.foreignFrees;
-    std::snprintf(misuse, sizeof misuse, "%s of a block that %s", call,
-                  header->mark == FREED ? "was freed already" : "the allocator did not hand out");
+    std::snprintf(misuse, sizeof misuse, "%s of a block that the allocator did not hand out, or that was freed", call);
     reportMisuse();
     return false;
 }
@@ -121,6 +119,7 @@ void kelmo_free(void* block, std::size_t size) {
     ++counters.frees;
     --counters.liveBlocks;
     countBytes(0, header->size);
-    header->mark = FREED;
+    // Volatile, or the compiler leaves out a store to memory that is freed next.
+    *const_cast<volatile std::uint64_t*>(&header->mark) = 0;
     std::free(header);
 }

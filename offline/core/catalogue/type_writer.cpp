@@ -4,10 +4,9 @@
 #include <rapidjson/writer.h>
 
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 #include "core/catalogue/type_names.h"
+#include "core/scene_file/numbers.h"
 
 namespace Offline {
 namespace {
@@ -28,30 +27,20 @@ class Output {
     void beginObject() { writer.StartObject(); }
     void endObject() { writer.EndObject(); }
 
-    // The fewest digits that give the same number again.
-    void single(float value) {
-        number(value, 9, [value](const char* digits) { return std::strtof(digits, nullptr) == value; });
-    }
-    void full(double value) {
-        number(value, 17, [value](const char* digits) { return std::strtod(digits, nullptr) == value; });
-    }
+    void single(float value) { number(value, writeFloat); }
+    void full(double value) { number(value, writeDouble); }
 
     std::string result() const { return std::string(buffer.GetString(), buffer.GetSize()); }
 
   private:
-    template <class Same>
-    void number(double value, int mostDigits, Same same) {
+    template <class T>
+    void number(T value, std::size_t (*write)(char* out, T value)) {
         if (!std::isfinite(value)) {
             writer.String(std::isnan(value) ? "nan" : value > 0 ? "inf" : "-inf");
             return;
         }
-        char digits[40];
-        int length = 0;
-        for (int precision = 1; precision <= mostDigits; ++precision) {
-            length = std::snprintf(digits, sizeof digits, "%.*g", precision, value);
-            if (same(digits)) break;
-        }
-        writer.RawValue(digits, static_cast<std::size_t>(length), rapidjson::kNumberType);
+        char digits[NUMBER_TEXT_BYTES];
+        writer.RawValue(digits, write(digits, value), rapidjson::kNumberType);
     }
 
     rapidjson::StringBuffer buffer;

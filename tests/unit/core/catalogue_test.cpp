@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/base/counters.h"
+#include "core/catalogue/type_writer.h"
 #include "support/check.h"
 #include "test_catalogue.h"
 
@@ -64,4 +65,28 @@ TEST_CASE(aFolderThatIsNotThereIsAnError) {
     const std::string expected =
         "[" + folder + "] the folder of plugin types cannot be read: No such file or directory";
     CHECK_TEXT(textOf(catalogue.addFolder(folder.c_str())).c_str(), expected.c_str());
+}
+
+// The types that are shipped: read without an error, and written as they could be read again.
+TEST_CASE(theShippedCatalogueIsRead) {
+    Catalogue catalogue;
+    CHECK_TEXT(textOf(catalogue.addFolder(SHIPPED_TYPES)).c_str(), "");
+    for (const char* name : {"GeomStaticMesh", "GeomStaticNURBS", "SettingsOutput", "SettingsLightLinker"}) {
+        CHECK_ROW(name);
+        CHECK(catalogue.find(name) != nullptr);
+    }
+    for (std::size_t i = 0; i < catalogue.count(); ++i) {
+        const PluginType& type = catalogue.at(i);
+        CHECK_ROW(type.typeName().c_str());
+        const std::string written = typeAsJson(type);
+        std::string file = written;
+        const std::string family = "\"family\":\"" + type.family + "\",";
+        CHECK(file.find(family) != std::string::npos);
+        file.erase(file.find(family), family.size());
+        Catalogue again;
+        CHECK_TEXT(addTypesText(again, ("{" + family + "\"types\":[" + file + "]}").c_str()).c_str(), "");
+        CHECK_EQ(again.count(), std::size_t{1});
+        if (again.count() == 1) CHECK_TEXT(typeAsJson(again.at(0)).c_str(), written.c_str());
+    }
+    CHECK_ROW(nullptr);
 }

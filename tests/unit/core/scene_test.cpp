@@ -101,6 +101,19 @@ TEST_CASE(aFileNeedsAName) {
     CHECK_TEXT(textOf(scene.readFile(nullptr, 0, 1, "text")).c_str(), "no file name");
 }
 
+TEST_CASE(aFileThatIsNotThereIsAnError) {
+    const Counters before = counters;
+    OfflinePluginManager manager;
+    {
+        KelmoScene scene(&manager, nullptr, 0);
+        const std::string missing = std::string(CORE_TEST_TYPES) + "/nowhere.kscene";
+        const std::string error = textOf(scene.readFile(missing.c_str(), 0, 1, nullptr));
+        CHECK(error.find("nowhere.kscene") != std::string::npos);
+        CHECK_EQ(contentsOf(&scene).count(), std::size_t{0});
+    }
+    CHECK_EQ(counters.liveBlocks, before.liveBlocks);
+}
+
 TEST_CASE(attachedParametersAreOnlyRemembered) {
     const Counters before = counters;
     const int destroyedBefore = TestValue::destroyed;

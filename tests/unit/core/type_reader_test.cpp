@@ -260,7 +260,7 @@ TEST_CASE(typesAreWrittenAsTheyCouldBeRead) {
         R"({"name":"f","type":"float","default":0.1},)"
         R"({"name":"g","type":"texture_float","default":16777216},)"
         R"({"name":"d","type":"double","default":0.30000000000000004},)"
-        R"({"name":"n","type":"vector","default":["nan",-0.5,1e-07]},)"
+        R"({"name":"n","type":"vector","default":["nan",-0.5,1e-7]},)"
         R"({"name":"c","type":"color","default":[0.5,1,1.5]},)"
         R"({"name":"t","type":"texture","default":[0,0.25,0.5,1]},)"
         R"({"name":"m","type":"texture_matrix","default":[[1,0,0],[0,1,0],[0,0,1]]},)"
