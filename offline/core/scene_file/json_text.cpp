@@ -179,6 +179,7 @@ bool JsonText::readText(std::string& text, const char* expected) {
             if (!readEscape(text)) return false;
             continue;
         }
+        if (*at == '\0') return failAt(at, "the byte 0x00 cannot stand in a text");
         if (static_cast<unsigned char>(*at) < 0x20)
             return failAt(at, byteName(*at) + " in a text must be written with a backslash");
         const std::size_t length = utf8Length(at, limit);

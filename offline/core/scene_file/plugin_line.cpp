@@ -1,6 +1,7 @@
 #include "core/scene_file/plugin_line.h"
 
 #include "core/base/nearest_name.h"
+#include "core/catalogue/type_names.h"
 #include "core/plugin/value_fits.h"
 
 namespace Offline {
@@ -8,6 +9,13 @@ namespace {
 
 constexpr const char* KEYS[] = {"type", "name", "node", "deferred", "params", "rigid"};
 enum Key { TYPE, NAME, NODE, DEFERRED, PARAMS, RIGID, KEY_COUNT };
+
+std::string typeWords(int code, bool isList) {
+    const char* name = "unknown";
+    for (const TypeCodeName& row : TYPE_CODE_NAMES)
+        if (row.code == code) name = row.name;
+    return isList && code != KUtils::PARAM_LIST ? "list of " + std::string(name) : name;
+}
 
 std::string suggestion(const char* nearest) {
     return nearest != nullptr ? " (did you mean " + quoted(nearest) + "?)" : std::string();
@@ -159,7 +167,10 @@ bool PluginLineReader::checkFits() {
         const KUtils::ParamDesc& desc = line->type->param(candidate.index);
         if (valueFits(desc, *candidate.value)) continue;
         param = desc.name;
-        return text->failAt(candidate.place, "the declared type of the parameter does not take this value");
+        return text->failAt(candidate.place,
+                            "expected a value of type " + typeWords(desc.type, desc.listCount != -1) +
+                                ", found one of type " +
+                                typeWords(candidate.value->getType(-1, 0.0), candidate.value->getCount(0.0) != -1));
     }
     return true;
 }

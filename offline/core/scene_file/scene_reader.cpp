@@ -112,7 +112,7 @@ KUtils::ErrorRecord* SceneReader::finish() {
     const bool deferred = contents.deferred().findByName(firstReference->name) != nullptr;
     std::string message = deferred ? "refers to " + quoted(firstReference->name) + ", which is deferred"
                                    : "there is no plugin " + quoted(firstReference->name);
-    if (missing > 1) message += " (and " + std::to_string(missing - 1) + " more such references)";
+    if (missing > 1) message += " (the first of " + std::to_string(missing) + " such references)";
     return damaged(firstValue->line, firstReference->column,
                    "plugin " + quoted(firstValue->plugin) + ", parameter " + quoted(firstValue->param), message);
 }
