@@ -38,6 +38,8 @@ endif()
 
 add_library(Python27::Module INTERFACE IMPORTED)
 target_include_directories(Python27::Module SYSTEM INTERFACE "${python27_include}")
+# The debug interpreter's headers are links to the release one's; resolved, they would find the release configuration.
+target_compile_options(Python27::Module INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fno-canonical-system-headers>)
 
 find_library(PYTHON27_LIBRARY NAMES ${python27_library_name}
   HINTS "${python27_library_folder}" "${python27_library_folder}/${python27_multiarch}")

@@ -5,7 +5,7 @@
 #include <new>
 
 #include "core/scene_file/scene_file_api.h"
-#include "host/error_text.h"
+#include "host/error_chain.h"
 #include "host/export.h"
 #include "host/host.h"
 

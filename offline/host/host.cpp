@@ -5,7 +5,7 @@
 
 #include "core/base/call_line.h"
 #include "core/scene_file/scene_file_api.h"
-#include "host/error_text.h"
+#include "host/error_chain.h"
 #include "host/json_object.h"
 #include "host/owned_values.h"
 #include "host/process.h"

@@ -1,4 +1,4 @@
-#include "host/error_text.h"
+#include "host/error_chain.h"
 
 namespace Offline {
 
