@@ -128,6 +128,7 @@ struct ValueType<PluginBase*> {
     static constexpr ParamType code = PARAM_PLUGIN;
 };
 
+// Whether the table has the pair. A pointer is no number, although it converts to bool.
 template <class Stored, class Wanted, class = void>
 struct HasRead : std::false_type {};
 template <class Stored, class Wanted>
@@ -140,6 +141,6 @@ struct HasWrite : std::false_type {};
 template <class Stored, class Given>
 struct HasWrite<Stored, Given,
                 std::void_t<decltype(ValueType<Stored>::write(std::declval<Stored&>(), std::declval<const Given&>()))>>
-    : std::true_type {};
+    : std::negation<std::is_pointer<Given>> {};
 
 }  // namespace KUtils

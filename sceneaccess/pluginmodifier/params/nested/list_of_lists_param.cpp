@@ -133,70 +133,30 @@ ListView<Wanted> DefListOfListsParam<T>::view() const {
     return emptyView<Wanted>();
 }
 
-template <class T>
-int DefListOfListsParam<T>::getInt(int index, double) {
-    return read<std::int32_t>(index);
-}
-template <class T>
-float DefListOfListsParam<T>::getFloat(int index, double) {
-    return read<float>(index);
-}
-template <class T>
-Vector DefListOfListsParam<T>::getVector(int index, double) {
-    return read<Vector>(index);
-}
-template <class T>
-PluginBase* DefListOfListsParam<T>::getPlugin(int index, double, const char**) {
-    return read<PluginBase*>(index);
-}
-template <class T>
-ListView<std::int32_t> DefListOfListsParam<T>::getIntList(double) {
-    return view<std::int32_t>();
-}
-template <class T>
-ListView<float> DefListOfListsParam<T>::getFloatList(double) {
-    return view<float>();
-}
-template <class T>
-ListView<Vector> DefListOfListsParam<T>::getVectorList(double) {
-    return view<Vector>();
-}
-
 // Writing: with the conversions of the flat lists, but only at depth 1 and only over an element
+
+template <class T>
+T* DefListOfListsParam<T>::elementToWrite(int index) {
+    const Sublist* list = depth == 1 ? openedList() : nullptr;
+    return list != nullptr ? list->at(index) : nullptr;
+}
 
 template <class T>
 template <class Given>
 void DefListOfListsParam<T>::write([[maybe_unused]] const Given& value, [[maybe_unused]] int index) {
     if constexpr (HasWrite<T, Given>::value) {
-        const Sublist* list = depth == 1 ? openedList() : nullptr;
-        T* element = list != nullptr ? list->at(index) : nullptr;
+        T* element = elementToWrite(index);
         if (element != nullptr) ValueType<T>::write(*element, value);
     }
 }
 
 template <class T>
-void DefListOfListsParam<T>::setInt(int value, int index, double) {
-    write<std::int32_t>(value, index);
-}
-template <class T>
-void DefListOfListsParam<T>::setFloat(float value, int index, double) {
-    write<float>(value, index);
-}
-template <class T>
-void DefListOfListsParam<T>::setDouble(double value, int index, double) {
-    write<double>(value, index);
-}
-template <class T>
-void DefListOfListsParam<T>::setBool(bool value, int index, double) {
-    write<bool>(value, index);
-}
-template <class T>
-void DefListOfListsParam<T>::setVector(const Vector& value, int index, double) {
-    write<Vector>(value, index);
-}
-template <class T>
-void DefListOfListsParam<T>::setPluginOutput(PluginBase* plugin, const char*, int index, double) {
-    write<PluginBase*>(plugin, index);
+void DefListOfListsParam<T>::setPluginOutput([[maybe_unused]] PluginBase* plugin, const char*,
+                                             [[maybe_unused]] int index, double) {
+    if constexpr (std::is_same<T, PluginBase*>::value) {
+        T* element = elementToWrite(index);
+        if (element != nullptr) *element = plugin;
+    }
 }
 
 // Counts

@@ -37,19 +37,21 @@ class DefListOfListsParam : public KelmoPluginParameter,
     ListHandle closeList(ListHandle handle) override;
     ParamType getType(int index, double time) override;
 
-    int getInt(int index, double time) override;
-    float getFloat(int index, double time) override;
-    Vector getVector(int index, double time) override;
-    PluginBase* getPlugin(int index, double time, const char** outputName) override;
-    ListView<std::int32_t> getIntList(double time) override;
-    ListView<float> getFloatList(double time) override;
-    ListView<Vector> getVectorList(double time) override;
+    // Each class answers its own type only.
+    int getInt(int index, double) override { return read<std::int32_t>(index); }
+    float getFloat(int index, double) override { return read<float>(index); }
+    Vector getVector(int index, double) override { return read<Vector>(index); }
+    PluginBase* getPlugin(int index, double, const char**) override { return read<PluginBase*>(index); }
+    ListView<std::int32_t> getIntList(double) override { return view<std::int32_t>(); }
+    ListView<float> getFloatList(double) override { return view<float>(); }
+    ListView<Vector> getVectorList(double) override { return view<Vector>(); }
 
-    void setInt(int value, int index, double time) override;
-    void setFloat(float value, int index, double time) override;
-    void setDouble(double value, int index, double time) override;
-    void setBool(bool value, int index, double time) override;
-    void setVector(const Vector& value, int index, double time) override;
+    // With the conversions of the flat lists, but only at depth 1 and only over an element.
+    void setInt(int value, int index, double) override { write<std::int32_t>(value, index); }
+    void setFloat(float value, int index, double) override { write<float>(value, index); }
+    void setDouble(double value, int index, double) override { write<double>(value, index); }
+    void setBool(bool value, int index, double) override { write<bool>(value, index); }
+    void setVector(const Vector& value, int index, double) override { write<Vector>(value, index); }
     void setPluginOutput(PluginBase* plugin, const char* outputName, int index, double time) override;
 
     // At depth 0 all lists are replaced by `count` new, empty ones; at depth 1 the opened list is resized.
@@ -67,6 +69,7 @@ class DefListOfListsParam : public KelmoPluginParameter,
     Wanted read(int index) const;
     template <class Wanted>
     ListView<Wanted> view() const;
+    T* elementToWrite(int index);
     template <class Given>
     void write(const Given& value, int index);
 
@@ -77,6 +80,11 @@ class DefListOfListsParam : public KelmoPluginParameter,
     const char* name;
     std::uint32_t ownsName;
 };
+
+extern template class DefListOfListsParam<std::int32_t>;
+extern template class DefListOfListsParam<float>;
+extern template class DefListOfListsParam<Vector>;
+extern template class DefListOfListsParam<PluginBase*>;
 
 class DefListOfListIntParam final : public DefListOfListsParam<std::int32_t> {
   public:
