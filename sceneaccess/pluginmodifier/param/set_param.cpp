@@ -1,0 +1,87 @@
+#include "param/set_param.h"
+
+#include "frame/problem.h"
+#include "frame/py_ref.h"
+#include "host/state.h"
+#include "param/clone_param_value.h"
+#include "param/conversion_error.h"
+#include "param/fast_fill.h"
+#include "param/lookup_param_desc.h"
+#include "param/nesting.h"
+#include "param/python_conversions.h"
+#include "param/python_param.h"
+#include "pointer_set/owned_values.h"
+#include "scene/lookup.h"
+
+namespace KUtils::Python {
+
+namespace {
+
+// The value object that cloneParamValue makes of a list value, on the fast road where that gives the same.
+OwnedValue cloneListValue(Plugin* plugin, const char* name, std::int32_t code, PyObject* tagged) {
+    PyObject* list = PyTuple_GET_ITEM(tagged, 1);
+    GenericSettableListParam* generic = nullptr;
+    OwnedValue value = makeListValue(plugin, name, code, &generic);
+    if (value == nullptr) return nullptr;
+    KelmoSettableParamInterface* settable = settableOf(*value);
+    if (settable != nullptr && PyInt_CheckExact(PyTuple_GET_ITEM(tagged, 0)) && PyList_CheckExact(list) &&
+        fastFill(*value, *settable, code, list))
+        return value;
+
+    if (!hasBoundedNesting(list)) return nullptr;
+    PythonParam source(tagged, name);
+    return fillNewList(*value, generic, source, code) ? std::move(value) : nullptr;
+}
+
+OwnedValue cloneValue(Plugin* plugin, const char* name, const ParamDesc& desc, PyObject* tagged) {
+    const bool isListParam = desc.listCount != -1;
+    if ((isListParam || desc.type == PARAM_LIST) && isTagged(tagged) && isList(PyTuple_GET_ITEM(tagged, 1)))
+        return cloneListValue(plugin, name, desc.type, tagged);
+    PythonParam source(tagged, name);
+    return cloneParamValue(plugin, source, desc.type, isListParam);
+}
+
+// Settles who frees the values: the new one the host; the old one at once when it is the host's, else whoever made it.
+void settleOwnership(KelmoPluginParameter* value, KelmoPluginParameter* old, int sceneIndex) {
+    PointerSet* owned = ownedParams();
+    registerOwnedValue(owned, value);
+    if (old == nullptr || destroyOwnedValue(owned, old) || sceneIndex == -1) return;
+    if (KelmoScene* scene = sceneAt(sceneIndex)) scene->attachParameter(value);
+}
+
+}  // namespace
+
+PointerSet* ownedParams() {
+    const SceneAccessState& state = *sceneAccessState;
+    return state.hostManager != nullptr ? state.hostManager->ownedParams : state.fallbackOwnedParams;
+}
+
+PyObject* setParam(const char* pluginName, const char* paramName, PyObject* value) {
+    int sceneIndex = -1;
+    Plugin* plugin = lookupPlugin(pluginName, sceneIndex);
+    const ParamDesc& desc = lookupParamDesc(plugin, paramName);
+
+    ConversionError conversionError;
+    OwnedValue made;
+    {
+        const TakeConversionError take(conversionError);
+        made = cloneValue(plugin, paramName, desc, value);
+    }
+    if (made == nullptr)
+        throwError("Invalid value given for parameter \\\"%s\\\" in plugin \\\"%s\\\".", paramName, pluginName);
+
+    KelmoPluginParameter* old = plugin->getParameter(paramName);
+    if (plugin->setParameter(made.get()) == 0) {
+        made.reset();
+        throwError("The parameter \\\"%s\\\" couldn't be set for plugin \\\"%s\\\".", paramName, pluginName);
+    }
+    settleOwnership(made.release(), old, sceneIndex);
+
+    if (conversionError) {
+        throwWarning("A value given for parameter \"%s\" in plugin \"%s\" could not be read as its type: %s.",
+                     paramName, pluginName, conversionError.text().c_str());
+    }
+    return newNone();
+}
+
+}  // namespace KUtils::Python
