@@ -4,6 +4,8 @@
 #include "host/session.h"
 #include "param/get_param.h"
 #include "param/introspection.h"
+#include "param/set_param.h"
+#include "scene/duplicate.h"
 #include "scene/exports.h"
 #include "scene/import.h"
 #include "scene/lifecycle.h"
@@ -35,14 +37,12 @@ constexpr char APPEND_SCENE_CONTENT[] = "_appendSceneContent";
 constexpr char DUPLICATE[] = "_duplicate";
 constexpr char UNIQUE[] = "_unique";
 
-PyObject* notBuiltYet() { throwError("not built yet"); }
-
 PyMethodDef methods[] = {
     {"_init", init, METH_VARARGS, "Must be called manually before using the module."},
     {"_uninit", uninit, METH_VARARGS, "Must be called manually after using the module."},
     {DELETE, method<DELETE, deletePlugin>, METH_VARARGS, "Delete a plugin with the given name."},
     {CREATE, method<CREATE, create>, METH_VARARGS, "Create a plugin with the given type and name."},
-    {SET_PARAM, method<SET_PARAM, notBuiltYet>, METH_VARARGS, "Set the value of a plugin parameter."},
+    {SET_PARAM, method<SET_PARAM, setParam>, METH_VARARGS, "Set the value of a plugin parameter."},
     {GET_PARAM, method<GET_PARAM, getParam>, METH_VARARGS, "Return the value of a plugin parameter."},
     {GET_PLUGIN_PARAMS, method<GET_PLUGIN_PARAMS, getPluginParams>, METH_VARARGS,
      "Return a python list containing the names of all parameters for the given plugin."},
@@ -69,7 +69,7 @@ PyMethodDef methods[] = {
      "Add the plugins from the given scene file."},
     {APPEND_SCENE_CONTENT, method<APPEND_SCENE_CONTENT, appendSceneContent>, METH_VARARGS,
      "Append the plugins from the given scene file."},
-    {DUPLICATE, method<DUPLICATE, notBuiltYet>, METH_VARARGS, "Create an exact copy of a Kelmo plugin."},
+    {DUPLICATE, method<DUPLICATE, duplicate>, METH_VARARGS, "Create an exact copy of a Kelmo plugin."},
     {UNIQUE, question<UNIQUE, unique>, METH_VARARGS, "Check whether only one instance of this plugin type can exist."},
     {nullptr, nullptr, 0, nullptr},
 };
