@@ -39,3 +39,13 @@ void kelmo_free(void* data, std::size_t size) {
     std::memset(data, 0x5a, asked);
     std::free(block);
 }
+
+void* kelmo_realloc(void* data, std::size_t size) {
+    std::size_t asked = 0;
+    if (data != nullptr) std::memcpy(&asked, static_cast<unsigned char*>(data) - HEADER, sizeof asked);
+    void* block = kelmo_malloc(size);
+    if (block == nullptr || data == nullptr) return block;
+    std::memcpy(block, data, asked < size ? asked : size);
+    kelmo_free(data, asked);
+    return block;
+}
