@@ -8,7 +8,7 @@
 #include "params/nested/map_channels_param.h"
 #include "pointer_set/set_memory.h"
 #include "stub_plugin.h"
-#include "support/check.h"
+#include "check.h"
 #include "tree_source.h"
 
 using namespace KUtils;

@@ -6,7 +6,7 @@
 #include "param/clone_param_value.h"
 #include "pointer_set/set_memory.h"
 #include "stub_plugin.h"
-#include "support/check.h"
+#include "check.h"
 #include "tree_source.h"
 
 using namespace KUtils;

@@ -1,3 +1,3 @@
-#include "support/check.h"
+#include "check.h"
 
 int main(int argc, char** argv) { return check::run(argc, argv); }

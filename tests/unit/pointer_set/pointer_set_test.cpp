@@ -8,7 +8,7 @@
 #include "pointer_set/owned_values.h"
 #include "pointer_set/pointer_hash.h"
 #include "set_memory.h"
-#include "support/check.h"
+#include "check.h"
 
 using KUtils::PointerHash;
 using KUtils::PointerSet;
