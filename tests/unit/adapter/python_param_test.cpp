@@ -1,0 +1,437 @@
+// The adapter alone: what each getter reads from a tagged Python value, what fails, and what stays untouched.
+#include "param/python_param.h"
+
+#include <string>
+
+#include "check.h"
+#include "frame/problem.h"
+#include "frame/py_ref.h"
+#include "param/nesting.h"
+#include "stub_host.h"
+
+using namespace KUtils;
+using namespace KUtils::Python;
+
+namespace {
+
+// The object that a Python expression gives.
+PyRef python(const char* expression) {
+    static PyObject* names = PyDict_New();
+    if (PyDict_Size(names) == 0) {
+        PyDict_SetItemString(names, "__builtins__", PyEval_GetBuiltins());
+        const char* definitions =
+            "class Number(object):\n"
+            "    def __float__(self): return 1.5\n"
+            "    def __int__(self): return 7\n"
+            "class Broken(object):\n"
+            "    def __float__(self): raise ValueError('broken float')\n"
+            "    def __int__(self): raise ValueError('broken int')\n"
+            "class Pair(tuple): pass\n"
+            "class Items(list): pass\n";
+        Py_XDECREF(PyRun_String(definitions, Py_file_input, names, names));
+    }
+    PyRef object = PyRef::steal(PyRun_String(expression, Py_eval_input, names, names));
+    if (!object) PyErr_Print();
+    CHECK(static_cast<bool>(object));
+    return object;
+}
+
+// The pending error as "Type: text", taken away; empty when there is none.
+std::string takeError() {
+    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
+    PyErr_Fetch(&type, &value, &traceback);
+    if (type == nullptr) return "";
+    const PyRef heldType = PyRef::steal(type), heldValue = PyRef::steal(value), heldTraceback = PyRef::steal(traceback);
+    const PyRef text = PyRef::steal(heldValue ? PyObject_Str(heldValue.get()) : nullptr);
+    return std::string(PyExceptionClass_Name(type)) + ": " + (text ? PyString_AsString(text.get()) : "");
+}
+
+std::string withoutModule(const std::string& error) {
+    return error.compare(0, 11, "exceptions.") == 0 ? error.substr(11) : error;
+}
+
+const char* FLOAT_REQUIRED = "TypeError: a float is required";
+const char* INT_REQUIRED = "TypeError: an integer is required";
+const char* TOO_LARGE = "OverflowError: Python int too large to convert to C long";
+const char* NO_PAIR = "TypeError: a (type code, value) pair is expected, not int";
+
+}  // namespace
+
+TEST_CASE(numbers) {
+    struct Row {
+        const char* expression;
+        int integer;
+        double floating;  // getFloat
+        double wide;      // getDouble
+        bool truth;
+        const char* error;
+    };
+    const Row rows[] = {
+        {"(0, 5)", 5, 0, 0, false, ""},
+        {"(0, -2147483648)", INT32_MIN, 0, 0, false, ""},
+        {"(0, 2147483648)", -1, 0, 0, false, TOO_LARGE},
+        {"(0, 2**70)", -1, 0, 0, false, TOO_LARGE},
+        {"(0, 7L)", 7, 0, 0, false, ""},
+        {"(0, True)", 1, 0, 0, false, ""},
+        {"(0, 5.7)", 5, 0, 0, false, ""},
+        {"(0, Number())", 7, 0, 0, false, ""},
+        {"(0, 'x')", -1, 0, 0, false, INT_REQUIRED},
+        {"(0, None)", -1, 0, 0, false, INT_REQUIRED},
+        {"(0, Broken())", -1, 0, 0, false, "ValueError: broken int"},
+        {"(1, 5)", 0, 5, 0, false, ""},
+        {"(1, 0.1)", 0, static_cast<double>(0.1f), 0, false, ""},
+        {"(1, 2L**40)", 0, 1099511627776.0, 0, false, ""},
+        {"(1, Number())", 0, 1.5, 0, false, ""},
+        {"(1, '5')", 0, -1, 0, false, FLOAT_REQUIRED},
+        {"(1, Broken())", 0, -1, 0, false, "ValueError: broken float"},
+        {"(2, 0.1)", 0, 0, 0.1, false, ""},
+        {"(2, 3)", 0, 0, 3, false, ""},
+        {"(2, None)", 0, 0, -1, false, FLOAT_REQUIRED},
+        {"(3, True)", 0, 0, 0, true, ""},
+        {"(3, 0)", 0, 0, 0, false, ""},
+        {"(3, 256)", 0, 0, 0, true, ""},
+        {"(3, 'x')", 0, 0, 0, true, INT_REQUIRED},
+        {"(3, 2**32)", 0, 0, 0, true, TOO_LARGE},
+        {"(2**32, 5)", 0, 0, 0, false, TOO_LARGE},
+        {"(True, 5)", 0, 5, 0, false, ""},
+        {"(1.9, 5)", 0, 5, 0, false, ""},
+        {"('0', 5)", 0, 0, 0, false, INT_REQUIRED},
+        {"(10, 5)", 0, 0, 0, false, ""},
+        {"Pair((0, 5))", 5, 0, 0, false, ""},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.expression);
+        const PyRef tagged = python(row.expression);
+        const Py_ssize_t references = Py_REFCNT(tagged.get());
+        PythonParam param(tagged.get(), "p");
+        for (int index : {-1, 0, 5}) {
+            CHECK_EQ(param.getInt(index, 1.0), row.integer);
+            CHECK_EQ(static_cast<double>(param.getFloat(index, 1.0)), row.floating);
+            CHECK_EQ(param.getDouble(index, 1.0), row.wide);
+            CHECK_EQ(param.getBool(index, 1.0), row.truth);
+        }
+        CHECK_EQ(param.getCount(0.0), -1);
+        CHECK(param.getString(0, 0.0) == nullptr);
+        CHECK_EQ(param.getVector(0, 0.0).x, 0.0f);
+        CHECK_EQ(param.getAColor(0, 0.0).alpha, 0.0f);
+        CHECK_EQ(param.getTransform(0, 0.0).offset[0], 0.0);
+        CHECK_TEXT(withoutModule(takeError()).c_str(), row.error);
+        CHECK_EQ(Py_REFCNT(tagged.get()), references);
+    }
+}
+
+TEST_CASE(whatIsNoTaggedValue) {
+    struct Row {
+        const char* expression;
+        const char* error;
+    };
+    const Row rows[] = {
+        {"5", NO_PAIR},
+        {"None", "TypeError: a (type code, value) pair is expected, not NoneType"},
+        {"[0, 5]", "TypeError: a (type code, value) pair is expected, not list"},
+        {"()", "TypeError: a (type code, value) pair is expected, not tuple"},
+        {"(0,)", "TypeError: a (type code, value) pair is expected, not tuple"},
+        {"(0, 5, 6)", "TypeError: a (type code, value) pair is expected, not tuple"},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.expression);
+        const PyRef tagged = python(row.expression);
+        PythonParam param(tagged.get(), "p");
+        CHECK_EQ(static_cast<int>(param.getType(0, 0.0)), -1);
+        CHECK_EQ(param.getCount(0.0), -1);
+        CHECK_EQ(param.getInt(0, 0.0), 0);
+        CHECK_EQ(param.openListImpl(0), ListHandle{0});
+        CHECK_TEXT(withoutModule(takeError()).c_str(), row.error);
+    }
+}
+
+TEST_CASE(structuredValues) {
+    struct Row {
+        const char* expression;
+        double numbers[6];  // what stands at chosen places, below
+        const char* error;
+    };
+    const char* NO_TUPLE = "TypeError: a tuple is expected, not list";
+    const char* SHORT = "IndexError: tuple index out of range";
+    // Vector or colour: the three numbers. AColor: r, g, b, alpha. Matrix: three columns' first, last two numbers of
+    // the last. Transform: first number of the matrix, its last, the offset.
+    const Row rows[] = {
+        {"(4, (1, 2.5, 3L))", {1, 2.5, 3}, ""},
+        {"(4, (1, 2, 3, 4))", {1, 2, 3}, ""},
+        {"(4, (1, 2))", {1, 2, -1}, SHORT},
+        {"(4, (1, 'x', 3))", {1, -1, 3}, FLOAT_REQUIRED},
+        {"(4, 5)", {-1, -1, -1}, "TypeError: a tuple is expected, not int"},
+        {"(5, (0.5, 0.25, 1))", {0.5, 0.25, 1}, ""},
+        {"(6, ((1, 0.5, 0.25), 0.75))", {1, 0.5, 0.25, 0.75}, ""},
+        {"(6, (1, 0.5, 0.25, 0.75))", {-1, -1, -1, 0.5}, "TypeError: a tuple is expected, not int"},
+        {"(6, ((1, 0.5, 0.25),))", {1, 0.5, 0.25, -1}, SHORT},
+        {"(7, ((1, 2, 3), (4, 5, 6), (7, 8, 9)))", {1, 4, 7, 8, 9}, ""},
+        {"(7, ((1, 2, 3), [4, 5, 6], (7, 8, 9)))", {1, -1, 7, 8, 9}, NO_TUPLE},
+        {"(8, (((1, 0, 0), (0, 1, 0), (0, 0, 2)), (1.5, 0.1, 3.5)))", {1, 2, 1.5, 0.1, 3.5}, ""},
+        {"(8, (((1, 0, 0), (0, 1, 0), (0, 0, 2)),))", {1, 2, -1, -1, -1}, SHORT},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.expression);
+        const PyRef tagged = python(row.expression);
+        PythonParam param(tagged.get(), "p");
+        const Vector vector = param.getVector(0, 0.0);
+        const Color color = param.getColor(0, 0.0);
+        const AColor acolor = param.getAColor(0, 0.0);
+        const Matrix matrix = param.getMatrix(0, 0.0);
+        const TraceTransform transform = param.getTransform(0, 0.0);
+        double read[6] = {};
+        switch (param.getType(0, 0.0)) {
+            case PARAM_VECTOR: {
+                const double values[] = {vector.x, vector.y, vector.z};
+                std::copy(values, values + 3, read);
+                break;
+            }
+            case PARAM_COLOR: {
+                const double values[] = {color.r, color.g, color.b};
+                std::copy(values, values + 3, read);
+                break;
+            }
+            case PARAM_ACOLOR: {
+                const double values[] = {acolor.color.r, acolor.color.g, acolor.color.b, acolor.alpha};
+                std::copy(values, values + 4, read);
+                break;
+            }
+            case PARAM_MATRIX: {
+                const Vector* columns = matrix.columns;
+                const double values[] = {columns[0].x, columns[1].x, columns[2].x, columns[2].y, columns[2].z};
+                std::copy(values, values + 5, read);
+                break;
+            }
+            default: {
+                const Matrix& part = transform.matrix;
+                const double values[] = {part.columns[0].x, part.columns[2].z, transform.offset[0], transform.offset[1],
+                                         transform.offset[2]};
+                std::copy(values, values + 5, read);
+            }
+        }
+        for (int i = 0; i < 6; ++i) CHECK_EQ(read[i], row.numbers[i]);
+        // The other kinds stay zero.
+        CHECK_EQ(vector.x != 0, param.getType(0, 0.0) == PARAM_VECTOR);
+        CHECK_EQ(color.r != 0, param.getType(0, 0.0) == PARAM_COLOR);
+        CHECK_EQ(acolor.color.r != 0, param.getType(0, 0.0) == PARAM_ACOLOR);
+        CHECK_EQ(matrix.columns[0].x != 0, param.getType(0, 0.0) == PARAM_MATRIX);
+        CHECK_EQ(transform.matrix.columns[0].x != 0, param.getType(0, 0.0) == PARAM_TRANSFORM);
+        CHECK_EQ(param.getInt(0, 0.0), 0);
+        CHECK_TEXT(withoutModule(takeError()).c_str(), row.error);
+    }
+}
+
+TEST_CASE(texts) {
+    struct Row {
+        const char* expression;
+        const char* text;
+        bool fails;
+    };
+    const Row rows[] = {
+        {"(9, 'abc')", "abc", false}, {"(9, '')", "", false},          {"(9, u'abc')", "abc", false},
+        {"(9, 'a\\0b')", "a", false}, {"(9, '\\xff')", "\xff", false}, {"(9, u'\\xe9')", nullptr, true},
+        {"(9, 5)", nullptr, true},    {"(9, None)", nullptr, true},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.expression);
+        const PyRef tagged = python(row.expression);
+        PythonParam param(tagged.get(), "p");
+        CHECK_TEXT(param.getString(0, 0.0), row.text);
+        CHECK_EQ(takeError().empty(), !row.fails);
+    }
+    const PyRef tagged = python("(9, 'abc')");
+    PythonParam param(tagged.get(), "p");
+    CHECK(param.getString(0, 0.0) == PyString_AS_STRING(PyTuple_GET_ITEM(tagged.get(), 1)));
+}
+
+TEST_CASE(listsByIndexAndByDescent) {
+    const PyRef tagged = python("(12, [(0, 1), (1, 2.0), (12, [(0, 5), (12, [(9, 'deep')])]), 7])");
+    PythonParam param(tagged.get(), "name");
+    CHECK_TEXT(param.getName(), "name");
+    CHECK_EQ(param.getCount(0.0), 4);
+    const int types[] = {0, 1, 12, -1};
+    for (int i = 0; i < 4; ++i) CHECK_EQ(static_cast<int>(param.getType(i, 0.0)), types[i]);
+    CHECK_TEXT(withoutModule(takeError()).c_str(), NO_PAIR);
+    for (int outside : {-1, 4, INT32_MAX, INT32_MIN}) {
+        CHECK_EQ(static_cast<int>(param.getType(outside, 0.0)), 10000);
+        CHECK_EQ(param.getInt(outside, 0.0), 0);
+        CHECK_EQ(param.openListImpl(outside), ListHandle{0});
+        CHECK_EQ(param.getCount(0.0), 4);
+    }
+    CHECK_EQ(param.getInt(0, 0.0), 1);
+    CHECK_EQ(param.getInt(1, 0.0), 0);
+    CHECK_EQ(param.getFloat(1, 0.0), 2.0f);
+
+    const ListHandle outer = param.openList(2);
+    CHECK(outer == reinterpret_cast<ListHandle>(tagged.get()));
+    CHECK_EQ(param.getCount(0.0), 2);
+    CHECK_EQ(param.getInt(0, 0.0), 5);
+    const ListHandle inner = param.openListImpl(1);
+    CHECK_TEXT(param.getString(0, 0.0), "deep");
+    param.closeList(0);
+    CHECK_EQ(param.getCount(0.0), 1);
+    param.closeList(inner);
+    CHECK_EQ(param.getCount(0.0), 2);
+    const ListHandle scalar = param.openListImpl(0);
+    CHECK_EQ(param.getCount(0.0), -1);
+    CHECK_EQ(param.getInt(9, 0.0), 5);
+    param.closeList(scalar);
+    param.closeList(outer);
+    CHECK_EQ(param.getCount(0.0), 4);
+    const ListHandle noPair = param.openListImpl(3);
+    CHECK_EQ(param.getCount(0.0), -1);
+    takeError();
+    param.closeList(noPair);
+    CHECK_EQ(param.getFloatList(0.0).count, 0);
+    CHECK(takeError().empty());
+
+    const PyRef subclassed = python("(0, Items([(0, 3)]))");
+    PythonParam items(subclassed.get(), "p");
+    CHECK_EQ(items.getCount(0.0), 1);
+    CHECK_EQ(items.getInt(0, 0.0), 3);
+}
+
+namespace {
+
+// getPlugin as text: the plugin's name, "null", or the problem's message; then the output's name.
+std::string plugin(PythonParam& param, int index, const char** output) {
+    try {
+        const PluginBase* found = param.getPlugin(index, 0.0, output);
+        return found != nullptr ? pluginName(found) : "null";
+    } catch (const SceneAccessProblem& problem) {
+        return problem.message;
+    }
+}
+
+}  // namespace
+
+TEST_CASE(references) {
+    StubHost host;
+    StubPlugin node;
+    node.type.declare("outColor", 1000);
+    host.add("node1", node);
+    struct Row {
+        const char* expression;
+        int index;
+        const char* result;
+        const char* output;
+    };
+    const char* NO_EMPTY = "The plugin \"\" doesn't exist.";
+    const char* NO_OUTPUT = "A parameter with name \"outcolor\" doesn't exist for plugin \"node1\".";
+    const Row rows[] = {
+        {"(10, 'node1')", 0, "node1", "before"},
+        {"(10, u'node1')", -1, "node1", "before"},
+        {"(10, 'node2')", 0, "The plugin \"node2\" doesn't exist.", "before"},
+        {"(10, 5)", 0, NO_EMPTY, "before"},
+        {"(1000, ('node1', 'outColor'))", 0, "node1", "outColor"},
+        {"(1000, ('node1', 'outcolor'))", 0, NO_OUTPUT, "outcolor"},
+        {"(1000, ('node1', 5))", 0, "node1", nullptr},
+        {"(1000, ('node1',))", 0, "node1", nullptr},
+        {"(1000, 'node1')", 0, NO_EMPTY, "before"},
+        {"(11, 'node1')", 0, "null", nullptr},
+        {"(13, 'node1')", 0, "null", nullptr},
+        {"(1001, ('node1', 'outColor'))", 0, "null", nullptr},
+        {"(0, 5)", 0, "null", nullptr},
+        {"(10, [(10, 'node1'), (1000, ('node1', 'outColor')), (0, 1)])", 0, "node1", "before"},
+        {"(10, [(10, 'node1'), (1000, ('node1', 'outColor')), (0, 1)])", 1, "node1", "outColor"},
+        {"(10, [(10, 'node1'), (1000, ('node1', 'outColor')), (0, 1)])", 2, "null", nullptr},
+        {"(10, [(10, 'node1'), (1000, ('node1', 'outColor')), (0, 1)])", 3, "null", "before"},
+        {"(10, [(10, 'node1'), (1000, ('node1', 'outColor')), (0, 1)])", -1, "null", "before"},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.expression);
+        const PyRef tagged = python(row.expression);
+        PythonParam param(tagged.get(), "p");
+        const char* output = "before";
+        CHECK_TEXT(plugin(param, row.index, &output).c_str(), row.result);
+        CHECK_TEXT(output, row.output);
+        takeError();
+    }
+    // The declaration's own text, which outlives the script's.
+    const PyRef tagged = python("(1000, ('node1', 'outColor'))");
+    PythonParam param(tagged.get(), "p");
+    const char* output = nullptr;
+    param.getPlugin(0, 0.0, &output);
+    CHECK(output == node.type.records[0].name);
+    // Without a place for it the output is not looked up.
+    const PyRef unknown = python("(1000, ('node1', 'nothing'))");
+    PythonParam unchecked(unknown.get(), "p");
+    CHECK_TEXT(plugin(unchecked, 0, nullptr).c_str(), "node1");
+}
+
+TEST_CASE(aReferenceInsideAListOfLists) {
+    StubHost host;
+    StubPlugin node;
+    host.add("node1", node);
+    const PyRef tagged = python("(12, [(10, ('label', 'node1')), (10, 'node1')])");
+    PythonParam param(tagged.get(), "p");
+    // By index the element's value is the name.
+    CHECK_TEXT(plugin(param, 1, nullptr).c_str(), "node1");
+    // Descended into, the name is the second item of the value.
+    const ListHandle opened = param.openListImpl(0);
+    CHECK_TEXT(plugin(param, 0, nullptr).c_str(), "node1");
+    param.closeList(opened);
+    param.openListImpl(1);
+    CHECK_TEXT(plugin(param, 0, nullptr).c_str(), "The plugin \"\" doesn't exist.");
+    takeError();
+}
+
+TEST_CASE(ofSeveralErrorsTheFirstStays) {
+    const PyRef tagged = python("(4, (Broken(), 'x', Number()))");
+    PythonParam param(tagged.get(), "p");
+    const Vector vector = param.getVector(0, 0.0);
+    CHECK_EQ(vector.x, -1.0f);
+    CHECK_EQ(vector.y, -1.0f);
+    CHECK_EQ(vector.z, 1.5f);  // read without an error pending
+    CHECK_TEXT(withoutModule(takeError()).c_str(), "ValueError: broken float");
+}
+
+namespace {
+
+// [(12, [(12, ... [(0, 1)] ...)])]: `levels` lists.
+PyRef nested(int levels) {
+    PyRef list = python("[(0, 1)]");
+    for (int i = 1; i < levels; ++i) list = PyRef::steal(Py_BuildValue("[(iN)]", 12, list.release()));
+    return list;
+}
+
+// `levels` lists, each of which stands twice in the one above.
+PyRef doubling(int levels) {
+    PyRef list = python("[(0, 1)]");
+    for (int i = 1; i < levels; ++i) {
+        list = PyRef::steal(Py_BuildValue("[(iO)(iO)]", 12, list.get(), 12, list.get()));
+    }
+    return list;
+}
+
+}  // namespace
+
+TEST_CASE(nestingBounds) {
+    CHECK(hasBoundedNesting(nested(1).get()));
+    CHECK(hasBoundedNesting(nested(64).get()));
+    CHECK(!hasBoundedNesting(nested(65).get()));
+    CHECK(hasBoundedNesting(doubling(20).get()));
+    CHECK(!hasBoundedNesting(doubling(60).get()));
+    // A shallow list that is met again deeper down.
+    const PyRef deep = nested(63);
+    const PyRef twice = PyRef::steal(Py_BuildValue("[(iO)(i[(iO)])]", 12, deep.get(), 12, 12, deep.get()));
+    CHECK(!hasBoundedNesting(twice.get()));
+
+    for (int copies : {1, 2, 1000}) {
+        const PyRef list = python("[]");
+        for (int i = 0; i < copies; ++i) {
+            const PyRef element = PyRef::steal(Py_BuildValue("(iO)", 12, list.get()));
+            PyList_Append(list.get(), element.get());
+        }
+        CHECK(!hasBoundedNesting(list.get()));
+        PyList_SetSlice(list.get(), 0, copies, nullptr);  // breaks the circle
+    }
+}
+
+int main(int argc, char** argv) {
+    Py_NoSiteFlag = 1;
+    Py_Initialize();
+    const int result = check::run(argc, argv);
+    Py_Finalize();
+    return result;
+}
