@@ -15,7 +15,8 @@ std::string ConversionError::text() const {
     if (shown && PyString_Check(shown.get()) && PyString_GET_SIZE(shown.get()) > 0)
         return PyString_AS_STRING(shown.get());
     PyErr_Clear();
-    return PyExceptionClass_Check(type.get()) ? PyExceptionClass_Name(type.get()) : "unknown error";
+    const std::string name = PyExceptionClass_Check(type.get()) ? PyExceptionClass_Name(type.get()) : "unknown error";
+    return name.substr(name.rfind('.') + 1);  // without the module's name
 }
 
 }  // namespace KUtils::Python
