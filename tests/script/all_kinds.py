@@ -44,16 +44,15 @@ class AllKindsTest(support.ModuleTest):
     plugins = SCENE
 
     def setUp(self):
+        support.ModuleTest.setUp(self)
         folder = tempfile.mkdtemp()
         try:
             with open(os.path.join(folder, 'all_kinds.json'), 'w') as out:
                 json.dump({'family': 'Tests', 'types': TYPES}, out)
-            offlinehost.reset()
             offlinehost.add_types(folder.replace('\\', '/'))
         finally:
             shutil.rmtree(folder)
-        self.scene = support.sceneText(*self.plugins)
-        support.ModuleTest.setUp(self)
+        offlinehost.open_text(support.sceneText(*self.plugins))
 
     def setParam(self, param, value, plugin='all'):
         """Sets it and reads it back; what is read as its repr, because a list can hold an element that is none."""
