@@ -16,6 +16,24 @@
 namespace Translation {
 namespace {
 
+// Bytes that are not UTF-8 stand in a report as lone surrogates, which come out of the JSON reader as the
+// three bytes 0xed 0xb2 (or 0xb3) and a third one: puts the bytes themselves in their place.
+std::string withBytesRestored(std::string_view text) {
+    std::string restored;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto byte = [&](std::size_t k) {
+            return static_cast<unsigned char>(i + k < text.size() ? text[i + k] : 0);
+        };
+        if (byte(0) == 0xed && (byte(1) == 0xb2 || byte(1) == 0xb3)) {
+            restored += static_cast<char>((byte(1) & 3) << 6 | (byte(2) & 0x3f));
+            i += 2;
+        } else {
+            restored += text[i];
+        }
+    }
+    return restored;
+}
+
 // The last line of a report says how the translation ended: {"event":"done"} or
 // {"event":"error","category":...,"message":...}. True when there is such a line.
 bool readOutcome(const std::string& report, TranslationResult& result) {
@@ -35,7 +53,7 @@ bool readOutcome(const std::string& report, TranslationResult& result) {
     if (text("event") == "done") return true;
     if (text("event") != "error") return false;
     result.problem = problemFromName(text("category"));
-    result.message = text("message");
+    result.message = withBytesRestored(text("message"));
     return true;
 }
 

@@ -15,11 +15,14 @@
 #include "child/scene_kind.h"
 #include "convert/deferral.h"
 #include "convert/scene_converter.h"
+#include "core/scene_file/utf8.h"
 #include "json_text.h"
 #include "problem.h"
 
 namespace Translation {
 namespace {
+
+constexpr std::size_t MAX_COMPLAINT_BYTES = 300;
 
 const char* extensionOf(SceneKind kind) {
     switch (kind) {
@@ -48,17 +51,20 @@ void keepReaders(Assimp::Importer& importer, SceneKind kind) {
 }
 
 // What the reader complains of, as the end of a sentence.
-std::string complaint(const char* text) {
-    std::string clean = text;
-    std::replace_if(
-        clean.begin(), clean.end(), [](unsigned char byte) { return byte < 0x20; }, ' ');
-    if (clean.size() > 300) clean = clean.substr(0, 300) + " ...";
+std::string complaint(const std::string& text) {
+    std::string clean;
+    for (std::size_t i = 0; i < text.size() && clean.size() < MAX_COMPLAINT_BYTES;) {
+        const std::size_t length = Offline::utf8Length(text.data() + i, text.data() + text.size());
+        const bool readable = length > 0 && static_cast<unsigned char>(text[i]) >= 0x20;
+        clean += readable ? text.substr(i, length) : "?";
+        i += length > 0 ? length : 1;
+    }
     while (!clean.empty() && (clean.back() == '.' || clean.back() == ' ')) clean.pop_back();
     return clean.empty() ? "the reader does not say why" : clean;
 }
 
 // Why the reader gave up, or what it read although it should not have.
-void checkFiles(const Options& options, const SceneFolder& folder, bool failed) {
+void checkFiles(const Options& options, const SceneFolder& folder, bool needsThemAll) {
     const std::string shown = "\"" + options.scene + "\"";
     if (!folder.outside().empty()) {
         throw Failure{Problem::outside, shown + " cannot be read: it refers to \"" + folder.outside().front() +
@@ -69,19 +75,20 @@ void checkFiles(const Options& options, const SceneFolder& folder, bool failed) 
                                              "\" that belongs to it has more than " +
                                              std::to_string(options.maxInputBytes) + " bytes."};
     }
-    if (failed && !folder.missing().empty()) {
+    if (needsThemAll && !folder.missing().empty()) {
         throw Failure{Problem::damaged,
                       shown + " is damaged: it refers to \"" + folder.missing().front() + "\", which does not exist."};
     }
 }
 
-const aiScene& readWithReader(Assimp::Importer& importer, const Options& options, SceneKind kind, SceneFolder& folder) {
+const aiScene& readWithReader(Assimp::Importer& importer, const Options& options, SceneKind kind,
+                              const SceneFolder& folder) {
     keepReaders(importer, kind);
-    importer.SetIOHandler(&folder);
     // Pivots are folded into the nodes, so that the hierarchy is the DCC's.
     importer.SetPropertyBool(AI_CONFIG_IMPORT_FBX_PRESERVE_PIVOTS, false);
     const aiScene* scene = importer.ReadFile(folder.scene(), aiProcess_Triangulate);
-    checkFiles(options, folder, scene == nullptr);
+    // An OBJ file can do without its materials; what is wrong with it then is something else.
+    checkFiles(options, folder, scene == nullptr && kind != SceneKind::obj);
     if (scene == nullptr) {
         const std::string why = complaint(importer.GetErrorString());
         if (why.find("bad_alloc") != std::string::npos) throw std::bad_alloc();
@@ -123,8 +130,9 @@ void translateScene(const Options& options, Report& report) {
         kind = inspectScene(file.get(), options.scene, bytes);
     }
     const std::string fileName = options.scene.substr(options.scene.rfind('/') + 1);
-    SceneFolder folder(options.scene, options.maxInputBytes);
     Assimp::Importer importer;
+    SceneFolder& folder = *new SceneFolder(options.scene, options.maxInputBytes);
+    importer.SetIOHandler(&folder);  // which owns it from here
     const aiScene& scene = readWithReader(importer, options, kind, folder);
 
     SceneConverter converter(scene, kind, folder, fileName, report);
@@ -142,8 +150,6 @@ void translateScene(const Options& options, Report& report) {
     Report::Line(report, "totals")
         .integer("plugins", static_cast<long long>(records.size()))
         .integer("deferred", static_cast<long long>(deferred));
-
-    importer.SetIOHandler(nullptr);
 }
 
 }  // namespace Translation

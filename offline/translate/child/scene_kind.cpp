@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "child/json_depth.h"
+#include "child/json_check.h"
 #include "problem.h"
 
 namespace Translation {
@@ -63,10 +63,10 @@ std::uint32_t word(const std::string& text, std::size_t offset) {
     return value;
 }
 
-void checkDepth(int descriptor, const std::string& path, std::uint64_t offset, std::uint64_t bytes) {
-    if (!jsonDepthBounded(descriptor, offset, bytes)) {
-        damaged(path, "it is nested deeper than " + std::to_string(MAX_JSON_DEPTH) + " levels");
-    }
+void checkGltfJson(int descriptor, const std::string& path, std::uint64_t offset, std::uint64_t bytes) {
+    const JsonFacts facts = checkJson(descriptor, offset, bytes);
+    if (!facts.error.empty()) damaged(path, facts.error);
+    if (!facts.isAsset) otherKind(path, "its JSON is not that of a glTF file");
 }
 
 // A GLB file: a header of three words, then chunks, the first of them JSON.
@@ -88,7 +88,7 @@ void checkGlb(int descriptor, const std::string& path, std::uint64_t bytes) {
         const std::uint64_t left = stated - place;
         if (left < 8 || word(head, 0) > left - 8) damaged(path, "a chunk reaches beyond its end");
         if (place == 12 && word(head, 4) != 0x4e4f534a) damaged(path, "its first chunk is not JSON");
-        if (place == 12) checkDepth(descriptor, path, place + 8, word(head, 0));
+        if (place == 12) checkGltfJson(descriptor, path, place + 8, word(head, 0));
         place += 8 + std::uint64_t{word(head, 0)};
     }
 }
@@ -96,7 +96,7 @@ void checkGlb(int descriptor, const std::string& path, std::uint64_t bytes) {
 void checkGltf(int descriptor, const std::string& path, std::uint64_t bytes, const std::string& start) {
     const std::size_t first = start.find_first_not_of(" \t\r\n");
     if (first == std::string::npos || start[first] != '{') otherKind(path, "it is not a glTF file");
-    checkDepth(descriptor, path, 0, bytes);
+    checkGltfJson(descriptor, path, 0, bytes);
 }
 
 bool isObjKeyword(std::string_view text) {
