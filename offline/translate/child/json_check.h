@@ -1,0 +1,19 @@
+// Whether a part of a file is JSON, found without following its nesting with the stack and without keeping
+// its contents: the scene reader does both, and a hostile file would exhaust them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace Translation {
+
+constexpr int MAX_JSON_DEPTH = 256;
+
+struct JsonFacts {
+    std::string error;     // empty: it is JSON; else the end of a sentence
+    bool isAsset = false;  // an object with a member "asset", as every glTF file is
+};
+
+JsonFacts checkJson(int descriptor, std::uint64_t offset, std::uint64_t bytes);
+
+}  // namespace Translation
