@@ -81,7 +81,8 @@ std::string describeType(const std::string& line) {
     }
     std::array<size_t, 3> widths{};
     for (const auto& row : rows) {
-        for (size_t i = 0; i < widths.size(); ++i) widths[i] = std::max(widths[i], std::min(row[i].size(), longestColumn));
+        for (size_t i = 0; i < widths.size(); ++i)
+            widths[i] = std::max(widths[i], std::min(row[i].size(), longestColumn));
     }
     text += "\n";
     for (const auto& row : rows) {

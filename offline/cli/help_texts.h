@@ -16,7 +16,8 @@ Exit codes:
   5  the translation of an export died or went over its limits
   6  the program's own files are missing or damaged)";
 
-inline constexpr const char* runFooter = R"(SCENE is an offline scene (.kscene) or an export of a DCC (.gltf, .glb, .fbx, .obj).
+inline constexpr const char* runFooter =
+    R"(SCENE is an offline scene (.kscene) or an export of a DCC (.gltf, .glb, .fbx, .obj).
 The script runs in Python 2.7 as __main__ and imports kelmo.pluginmodifier. Afterwards the
 changes are listed. OUT is written only when the script succeeds, and appears whole or not at all.
 
@@ -30,7 +31,8 @@ Examples:
   kelmo-offline run shot.kscene relight.py --json > changes.json
       the changes as one JSON object; what the script prints goes to standard error)";
 
-inline constexpr const char* catFooter = R"(SCENE is an offline scene (.kscene) or an export of a DCC (.gltf, .glb, .fbx, .obj).
+inline constexpr const char* catFooter =
+    R"(SCENE is an offline scene (.kscene) or an export of a DCC (.gltf, .glb, .fbx, .obj).
 
 Examples:
   kelmo-offline cat shot.glb > shot.kscene

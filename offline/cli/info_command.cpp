@@ -1,6 +1,4 @@
 // kelmo-offline info: the catalogue of plugin types.
-#include <fmt/format.h>
-
 #include <vector>
 
 #include "catalogue_text.h"
@@ -8,6 +6,7 @@
 #include "host.h"
 #include "installation.h"
 #include "nearest.h"
+#include "standard_output.h"
 
 namespace {
 
@@ -30,7 +29,7 @@ ExitCode infoCommand(const InfoOptions& options) {
     std::vector<std::string> all;
     host.types(nullptr, [&all](const std::string& line) { all.push_back(line); });
     if (options.type.empty()) {
-        fmt::print("{}", options.json ? jsonArray(all) : describeTypes(all));
+        writeOutput(options.json ? jsonArray(all) : describeTypes(all));
         return exitDone;
     }
     std::string type;
@@ -38,6 +37,6 @@ ExitCode infoCommand(const InfoOptions& options) {
         throw Failure(exitUsage,
                       "there is no plugin type \"" + options.type + "\"" + suggestion(options.type, typeNames(all)));
     }
-    fmt::print("{}", options.json ? type + "\n" : describeType(type));
+    writeOutput(options.json ? type + "\n" : describeType(type));
     return exitDone;
 }

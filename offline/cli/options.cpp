@@ -84,28 +84,37 @@ Options readOptions(int argc, char** argv) {
     runApp->add_option("SCRIPT", run.script, "The Python 2.7 script")->required();
     runApp->add_option("-o,--output", run.output, "Save the changed scene to this file")->type_name("OUT");
     runApp->add_flag("-n,--dry-run", run.dryRun, "Save nothing, even with -o");
-    runApp->add_option("--types", run.types, "A folder with plugin types of your own (JSON)")->type_name("DIR")->expected(1)->take_all();
-    runApp->add_option("--defer", run.defer, "Kinds to leave to export calls: materials,textures,cameras,nodes")->type_name("KINDS");
+    runApp->add_option("--types", run.types, "A folder with plugin types of your own (JSON)")
+        ->type_name("DIR")
+        ->expected(1)
+        ->take_all();
+    runApp->add_option("--defer", run.defer, "Kinds to leave to export calls: materials,textures,cameras,nodes")
+        ->type_name("KINDS");
     runApp->add_flag("--json", run.json, "List the changes as JSON");
 
     CatOptions cat;
     CLI::App* catApp = app.add_subcommand("cat", "Print a scene in the offline scene format");
     catApp->footer(catFooter)->allow_extras();
     catApp->add_option("SCENE", cat.scene, "The scene or export to print")->required();
-    catApp->add_option("--types", cat.types, "A folder with plugin types of your own (JSON)")->type_name("DIR")->expected(1)->take_all();
-    catApp->add_option("--defer", cat.defer, "Kinds to leave to export calls: materials,textures,cameras,nodes")->type_name("KINDS");
+    catApp->add_option("--types", cat.types, "A folder with plugin types of your own (JSON)")
+        ->type_name("DIR")
+        ->expected(1)
+        ->take_all();
+    catApp->add_option("--defer", cat.defer, "Kinds to leave to export calls: materials,textures,cameras,nodes")
+        ->type_name("KINDS");
 
     InfoOptions info;
     CLI::App* infoApp = app.add_subcommand("info", "Show the plugin types");
     infoApp->footer(infoFooter)->allow_extras();
     infoApp->add_option("TYPE", info.type, "A plugin type");
-    infoApp->add_option("--types", info.types, "A folder with plugin types of your own (JSON)")->type_name("DIR")->expected(1)->take_all();
+    infoApp->add_option("--types", info.types, "A folder with plugin types of your own (JSON)")
+        ->type_name("DIR")
+        ->expected(1)
+        ->take_all();
     infoApp->add_flag("--json", info.json, "Print JSON");
 
     Options options;
-    const auto chosen = [&]() -> std::string {
-        return *runApp ? "run" : *catApp ? "cat" : *infoApp ? "info" : "";
-    };
+    const auto chosen = [&]() -> std::string { return *runApp ? "run" : *catApp ? "cat" : *infoApp ? "info" : ""; };
     try {
         std::vector<std::string> reversed(words.rbegin(), words.rend());
         app.parse(reversed);

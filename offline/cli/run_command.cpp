@@ -15,6 +15,7 @@
 #include "progress.h"
 #include "scene_input.h"
 #include "script.h"
+#include "standard_output.h"
 
 namespace {
 
@@ -59,27 +60,27 @@ void reportExit(const ScriptEnd& end) {
 
 void printText(Host& host, const std::string& saved, bool held) {
     ChangeText text;
-    host.changes([&text](const std::string& line) { fmt::print("{}", text.add(line)); });
-    fmt::print("{}\n", text.summary());
-    if (!saved.empty()) fmt::print("saved {}\n", quoted(saved));
-    if (held) fmt::print("not saved (-n)\n");
+    host.changes([&text](const std::string& line) { writeOutput(text.add(line)); });
+    writeOutput(text.summary() + "\n");
+    if (!saved.empty()) writeOutput("saved " + quoted(saved) + "\n");
+    if (held) writeOutput("not saved (-n)\n");
 }
 
 void printJson(Host& host, const RunOptions& options, const ScriptEnd& end, const std::string& saved) {
-    fmt::print("{{\"scene\":{},\"script\":{},\"result\":\"{}\",\"saved\":{},\"changes\":[", quoted(options.scene),
-               quoted(options.script), resultName(end), saved.empty() ? "null" : quoted(saved));
-    const char* before = "\n";
+    writeOutput(fmt::format(R"({{"scene":{},"script":{},"result":"{}","saved":{},"changes":[)", quoted(options.scene),
+                            quoted(options.script), resultName(end), saved.empty() ? "null" : quoted(saved)));
+    std::string before = "\n";
     host.changes([&before](const std::string& line) {
-        fmt::print("{}{}", before, line);
+        writeOutput(before + line);
         before = ",\n";
     });
-    fmt::print("],\"warnings\":[");
+    writeOutput("],\n\"warnings\":[");
     before = "";
     host.warnings([&before](const std::string& text) {
-        fmt::print("{}{}", before, quoted(text));
+        writeOutput(before + quoted(text));
         before = ",";
     });
-    fmt::print("]}}\n");
+    writeOutput("]}\n");
 }
 
 }  // namespace
@@ -113,7 +114,7 @@ ExitCode runCommand(const RunOptions& options) {
     } else if (end.succeeded) {
         printText(host, saved, options.dryRun && !options.output.empty());
     }
-    std::fflush(stdout);
+    flushOutput();
     endHost(host);
 
     if (end.interrupted) {

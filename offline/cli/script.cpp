@@ -51,8 +51,7 @@ ScriptEnd judgeExit(PyObject* exception) {
     if (!code) PyErr_Clear();
     end.left = true;
     end.exitIsNumber = code && PyInt_Check(code.get());
-    end.succeeded =
-        !code || code.get() == Py_None || (end.exitIsNumber && PyInt_AS_LONG(code.get()) == 0);
+    end.succeeded = !code || code.get() == Py_None || (end.exitIsNumber && PyInt_AS_LONG(code.get()) == 0);
     if (!end.succeeded) end.exitValue = textOf(code.get());
     return end;
 }
@@ -93,7 +92,8 @@ void prepareSearchPath(const Script& script, const Installation& place) {
     PyObject* path = PySys_GetObject(const_cast<char*>("path"));
     Ref own(PyString_FromString(place.pythonFolder.c_str()));
     Ref beside(PyString_FromString(folderOf(script.path).c_str()));
-    if (!path || !own || !beside || PyList_Insert(path, 0, beside.get()) != 0 || PyList_Insert(path, 0, own.get()) != 0) {
+    if (!path || !own || !beside || PyList_Insert(path, 0, beside.get()) != 0 ||
+        PyList_Insert(path, 0, own.get()) != 0) {
         throw Failure(exitInstallation, "Python's search path cannot be set");
     }
 }
