@@ -13,6 +13,6 @@ ExitCode catCommand(const CatOptions& options) {
     loadScene(host, place, options.scene, options.defer);
     host.saveText(writeOutput);
     flushOutput();
-    endHost(host);
+    endHost(host, true);
     return exitDone;
 }

@@ -115,7 +115,7 @@ ExitCode runCommand(const RunOptions& options) {
         printText(host, saved, options.dryRun && !options.output.empty());
     }
     flushOutput();
-    endHost(host);
+    endHost(host, end.succeeded);
 
     if (end.interrupted) {
         // Python has put its own handler away; the caller sees that Ctrl-C ended the program.

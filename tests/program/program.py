@@ -20,6 +20,7 @@ SCENE = HEADER + (
 # What a script begins with.
 IMPORT = "import kelmo.pluginmodifier as pm\n"
 INIT = IMPORT + "pm._init()\n"
+DONE = "pm._uninit()\n"
 
 
 class Result:

@@ -2,7 +2,7 @@
 import json
 import unittest
 
-from program import HEADER, INIT, ProgramTest
+from program import DONE, HEADER, INIT, ProgramTest
 
 CASES = [
     ("nothing", "", "nothing changed\n",
@@ -45,21 +45,22 @@ class Changes(ProgramTest):
     def test_cases(self):
         for name, text, listing, changes in CASES:
             with self.subTest(name):
-                self.check(self.run_script(INIT + text), 0, listing, "")
-                result = self.run_script(INIT + text, "--json")
+                self.check(self.run_script(INIT + text + DONE), 0, listing, "")
+                result = self.run_script(INIT + text + DONE, "--json")
                 self.check(result, 0, err="")
                 self.assertEqual(result.json(), {"scene": "scene.kscene", "script": "script.py", "result": "done",
                                                  "saved": None, "changes": changes, "warnings": []})
 
     def test_long_list_is_shortened(self):
         result = self.run_script(INIT + "pm._create('GeomStaticMesh', 'm')\n"
-                                 "pm._setParam('m', 'faces', (0, [(0, i) for i in range(3000)]))\n")
+                                 "pm._setParam('m', 'faces', (0, [(0, i) for i in range(3000)]))\n" + DONE)
         self.check(result, 0, err="")
         self.assertLess(len(result.out), 400)
         self.assertIn("3000", result.out)
 
     def test_json_keeps_standard_output_for_itself(self):
-        result = self.run_script(INIT + "print 'chatter'\npm._create('LightPoint', 'key')\n", "--json", "-o", "o.kscene")
+        result = self.run_script(INIT + "print 'chatter'\npm._create('LightPoint', 'key')\n" + DONE,
+                                 "--json", "-o", "o.kscene")
         warning = 'A plugin \\"key\\" already exists.'
         self.check(result, 0, err="kelmo: warning: " + warning + "\nchatter\n")
         self.assertEqual(result.json(), {"scene": "scene.kscene", "script": "script.py", "result": "done",
@@ -74,7 +75,7 @@ class Changes(ProgramTest):
                 self.assertEqual((told["result"], told["saved"], len(told["changes"])), (outcome, None, 1))
 
     def test_warnings_are_shown(self):
-        result = self.run_script(INIT + "print pm._create('LightPoint', 'key')\n")
+        result = self.run_script(INIT + "print pm._create('LightPoint', 'key')\n" + DONE)
         self.check(result, 0, "None\nnothing changed\n", 'kelmo: warning: A plugin \\"key\\" already exists.\n')
 
 

@@ -99,8 +99,8 @@ class Script(ProgramTest):
                                  environment={"KELMO_FOR_MAYA2020_MAIN": "/nowhere"})
         self.check(result, 0, STAGE + "\nTrue\n" + NOTHING, "")
 
-    def test_missing_uninit_is_harmless(self):
-        self.check(self.run_script(INIT), 0, NOTHING, "")
+    def test_missing_uninit_is_told(self):
+        self.check(self.run_script(INIT), 0, NOTHING, "kelmo-offline: the script did not call _uninit()\n")
 
     def test_streams(self):
         result = self.run_script("import sys\nprint 'to out'\nsys.stderr.write('to err\\n')\n")
@@ -111,7 +111,7 @@ class Script(ProgramTest):
 
     def test_exit_handlers_and_threads_belong_to_the_run(self):
         result = self.run_script(
-            INIT + "import atexit, threading\natexit.register(lambda: pm._delete('key'))\n"
+            INIT + "import atexit, threading\natexit.register(pm._uninit)\natexit.register(lambda: pm._delete('key'))\n"
             "threading.Timer(0.2, lambda: None).start()\n")
         self.check(result, 0, 'deleted  LightPoint "key"\n1 deleted\n', "")
 
