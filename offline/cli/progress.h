@@ -1,4 +1,4 @@
-// A line on the terminal that says what takes so long. It is only shown where standard error is a terminal,
+// A line on the terminal that says what takes so long, and for how long already. It is only shown where standard error is a terminal,
 // and is wiped when the work is done.
 #pragma once
 

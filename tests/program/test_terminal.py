@@ -28,7 +28,7 @@ class Terminal(ProgramTest):
         self.write("script.py", "")
         result, seen = self.on_terminal("run", "scene.kscene", "script.py", "-o", "out.kscene")
         self.assertEqual((result.code, result.out), (0, 'nothing changed\nsaved "out.kscene"\n'))
-        self.assertEqual(seen, "\r\x1b[Kreading scene.kscene (0.0 MB) ...\r\x1b[K\r\x1b[Ksaving out.kscene ...\r\x1b[K")
+        self.assertEqual(seen, "\r\x1b[Kreading scene.kscene (0.0 MB) ... \r\x1b[K\r\x1b[Ksaving out.kscene ... \r\x1b[K")
 
     def test_silence_in_a_pipe(self):
         self.write("script.py", "")
