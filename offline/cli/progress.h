@@ -1,5 +1,5 @@
-// A line on the terminal that says what takes so long, and for how long already. It is only shown where standard error is a terminal,
-// and is wiped when the work is done.
+// A line on the terminal that says what takes so long, and for how many seconds already. It is only shown where
+// standard error is a terminal, and is wiped when the work is done. One at a time; it uses SIGALRM.
 #pragma once
 
 #include <string>
