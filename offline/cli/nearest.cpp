@@ -7,17 +7,20 @@ namespace {
 
 char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
-// Letters to insert, remove or replace until one text is the other.
+// Letters to insert, remove, replace or swap with their neighbour until one text is the other.
 size_t editDistance(const std::string& a, const std::string& b) {
-    std::vector<size_t> row(b.size() + 1);
+    // Three rows of the table: of two letters before, of the letter before, of this letter of `a`.
+    std::vector<size_t> older(b.size() + 1), former(b.size() + 1), row(b.size() + 1);
     std::iota(row.begin(), row.end(), size_t{0});
-    for (size_t i = 0; i < a.size(); ++i) {
-        size_t diagonal = row[0];
-        row[0] = i + 1;
-        for (size_t j = 0; j < b.size(); ++j) {
-            const size_t replaced = diagonal + (lower(a[i]) == lower(b[j]) ? 0 : 1);
-            diagonal = row[j + 1];
-            row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+    const auto same = [](char x, char y) { return lower(x) == lower(y); };
+    for (size_t i = 1; i <= a.size(); ++i) {
+        older.swap(former);
+        former.swap(row);
+        row[0] = i;
+        for (size_t j = 1; j <= b.size(); ++j) {
+            row[j] = std::min({former[j - 1] + (same(a[i - 1], b[j - 1]) ? 0 : 1), former[j] + 1, row[j - 1] + 1});
+            const bool swapped = i > 1 && j > 1 && same(a[i - 1], b[j - 2]) && same(a[i - 2], b[j - 1]);
+            if (swapped) row[j] = std::min(row[j], older[j - 2] + 1);
         }
     }
     return row[b.size()];
