@@ -66,7 +66,7 @@ void loadScene(Host& host, const Installation& place, const std::string& path, c
         result = Translation::translate(path, deferKinds, Translation::Limits(), place.translator);
     }
     if (!result.ok()) throw Failure(exitFor(result.problem), result.message);
-    printTranslationNotes(path, result.report);
+    std::fputs(translationNotes(path, result.report).c_str(), stderr);
     const Progress progress("reading the translation of " + path);
     host.open("/proc/self/fd/" + std::to_string(result.scene.get()), "the translation of " + path);
 }
