@@ -38,10 +38,9 @@ std::string note(const rapidjson::Value& event) {
     if (kind == "missing") return "there is no file " + quoted(memberText(event, "file"));
     if (kind == "texture") {
         const std::string state = memberText(event, "state");
-        if (state == "missing" || state == "outside") {
-            return fmt::format("the texture file {} is {}", quoted(memberText(event, "file")),
-                               state == "missing" ? "missing" : "outside of the scene's folder and was not looked at");
-        }
+        const std::string file = quoted(memberText(event, "file"));
+        if (state == "missing") return "the texture file " + file + " is missing";
+        if (state == "outside the scene's folder") return "the texture file " + file + " lies " + state;
     }
     return {};
 }
