@@ -1,5 +1,6 @@
 """What cannot be read: scenes, exports and plugin types, each with its message and exit code."""
 import os
+import shutil
 import signal
 import stat
 import subprocess
@@ -111,7 +112,7 @@ class Input(ProgramTest):
             os.makedirs(self.path("tree/" + folder))
         for name in ["plug-ins", "lib", "share", "python"]:
             os.symlink(os.path.join(STAGE, name), self.path("tree/" + name))
-        os.link(PROGRAM, self.path("tree/bin/kelmo-offline"))
+        shutil.copy(PROGRAM, self.path("tree/bin/kelmo-offline"))
         if text is not None:
             self.write("tree/libexec/kelmo-translate", text)
             os.chmod(self.path("tree/libexec/kelmo-translate"), stat.S_IRWXU)
