@@ -34,7 +34,7 @@ void checkDefer(const std::string& command, const std::string& kinds) {
 }
 
 // Words that no option or argument took.
-void checkExtras(CLI::App& app, const std::string& command, bool takesScript) {
+void checkExtras(const CLI::App& app, const std::string& command) {
     const std::vector<std::string> extras = app.remaining(false);
     if (extras.empty()) return;
     const std::string& word = extras.front();
@@ -46,7 +46,7 @@ void checkExtras(CLI::App& app, const std::string& command, bool takesScript) {
         refuse(command, "unknown option \"" + word + "\"" + suggestion(word.substr(0, word.find('=')), known));
     }
     refuse(command, "unexpected argument \"" + word + "\"" +
-                        (takesScript ? "; what is meant for the script stands after --" : ""));
+                        (command == "run" ? "; what is meant for the script stands after --" : ""));
 }
 
 std::string versionText() {
@@ -54,10 +54,83 @@ std::string versionText() {
            ", scene format 1)\n";
 }
 
-// The help of the command that was asked for.
-std::string helpText(const CLI::App& app) {
-    for (const CLI::App* command : app.get_subcommands()) return command->help(std::string(programName));
-    return app.help();
+// The options as CLI11 fills them in.
+struct CommandLine {
+    CLI::App app{"Runs post-translate scripts on scenes, without the host application.", programName};
+    CLI::App* run = app.add_subcommand("run", "Run a script on a scene and list what it changed");
+    CLI::App* cat = app.add_subcommand("cat", "Print a scene in the offline scene format");
+    CLI::App* info = app.add_subcommand("info", "Show the plugin types");
+    bool version = false;
+    RunOptions runOptions;
+    CatOptions catOptions;
+    InfoOptions infoOptions;
+
+    CommandLine();
+    // The command that was given; null when none was.
+    const CLI::App* chosen() const { return *run ? run : *cat ? cat : *info ? info : nullptr; }
+    std::string chosenName() const { return chosen() ? chosen()->get_name() : std::string(); }
+
+  private:
+    static void addScene(CLI::App& command, std::string& scene, const char* what) {
+        command.add_option("SCENE", scene, what)->required();
+    }
+    static void addTypes(CLI::App& command, std::vector<std::string>& types) {
+        command.add_option("--types", types, "A folder with plugin types of your own (JSON)")
+            ->type_name("DIR")
+            ->expected(1)
+            ->take_all();
+    }
+    static void addDefer(CLI::App& command, std::string& kinds) {
+        command.add_option("--defer", kinds, "Kinds to leave to export calls: materials,textures,cameras,nodes")
+            ->type_name("KINDS");
+    }
+};
+
+CommandLine::CommandLine() {
+    app.footer(programFooter)->allow_extras();
+    app.add_flag("--version", version, "Print the version and exit");
+
+    run->footer(runFooter)->allow_extras();
+    addScene(*run, runOptions.scene, "The scene or export to run on");
+    run->add_option("SCRIPT", runOptions.script, "The Python 2.7 script")->required();
+    run->add_option("-o,--output", runOptions.output, "Save the changed scene to this file")->type_name("OUT");
+    run->add_flag("-n,--dry-run", runOptions.dryRun, "Save nothing, even with -o");
+    addTypes(*run, runOptions.types);
+    addDefer(*run, runOptions.defer);
+    run->add_flag("--json", runOptions.json, "List the changes as JSON");
+
+    cat->footer(catFooter)->allow_extras();
+    addScene(*cat, catOptions.scene, "The scene or export to print");
+    addTypes(*cat, catOptions.types);
+    addDefer(*cat, catOptions.defer);
+
+    info->footer(infoFooter)->allow_extras();
+    info->add_option("TYPE", infoOptions.type, "A plugin type");
+    addTypes(*info, infoOptions.types);
+    info->add_flag("--json", infoOptions.json, "Print JSON");
+}
+
+// Nothing was asked for that the program knows.
+[[noreturn]] void refuseCommand(const CommandLine& line) {
+    const std::vector<std::string> extras = line.app.remaining(false);
+    if (extras.empty()) refuse("", "a command is missing: run, cat or info");
+    if (extras.front()[0] == '-') checkExtras(line.app, "");
+    refuse("", "unknown command \"" + extras.front() + "\"" + suggestion(extras.front(), {"run", "cat", "info"}));
+}
+
+// Gives the text of --help or --version when that was asked for.
+std::optional<std::string> parse(CommandLine& line, const std::vector<std::string>& words) {
+    try {
+        std::vector<std::string> reversed(words.rbegin(), words.rend());
+        line.app.parse(reversed);
+    } catch (const CLI::CallForHelp&) {
+        return line.chosen() ? line.chosen()->help(programName) : line.app.help();
+    } catch (const CLI::ParseError& problem) {
+        if (line.chosen()) checkExtras(*line.chosen(), line.chosenName());
+        refuse(line.chosenName(), problem.what());
+    }
+    if (line.version) return versionText();
+    return std::nullopt;
 }
 
 }  // namespace
@@ -71,88 +144,22 @@ Options readOptions(int argc, char** argv) {
         words.erase(separator, words.end());
     }
 
-    CLI::App app{"Runs post-translate scripts on scenes, without the host application.", programName};
-    app.footer(programFooter);
-    bool version = false;
-    app.add_flag("--version", version, "Print the version and exit");
-    app.allow_extras();
-
-    RunOptions run;
-    CLI::App* runApp = app.add_subcommand("run", "Run a script on a scene and list what it changed");
-    runApp->footer(runFooter)->allow_extras();
-    runApp->add_option("SCENE", run.scene, "The scene or export to run on")->required();
-    runApp->add_option("SCRIPT", run.script, "The Python 2.7 script")->required();
-    runApp->add_option("-o,--output", run.output, "Save the changed scene to this file")->type_name("OUT");
-    runApp->add_flag("-n,--dry-run", run.dryRun, "Save nothing, even with -o");
-    runApp->add_option("--types", run.types, "A folder with plugin types of your own (JSON)")
-        ->type_name("DIR")
-        ->expected(1)
-        ->take_all();
-    runApp->add_option("--defer", run.defer, "Kinds to leave to export calls: materials,textures,cameras,nodes")
-        ->type_name("KINDS");
-    runApp->add_flag("--json", run.json, "List the changes as JSON");
-
-    CatOptions cat;
-    CLI::App* catApp = app.add_subcommand("cat", "Print a scene in the offline scene format");
-    catApp->footer(catFooter)->allow_extras();
-    catApp->add_option("SCENE", cat.scene, "The scene or export to print")->required();
-    catApp->add_option("--types", cat.types, "A folder with plugin types of your own (JSON)")
-        ->type_name("DIR")
-        ->expected(1)
-        ->take_all();
-    catApp->add_option("--defer", cat.defer, "Kinds to leave to export calls: materials,textures,cameras,nodes")
-        ->type_name("KINDS");
-
-    InfoOptions info;
-    CLI::App* infoApp = app.add_subcommand("info", "Show the plugin types");
-    infoApp->footer(infoFooter)->allow_extras();
-    infoApp->add_option("TYPE", info.type, "A plugin type");
-    infoApp->add_option("--types", info.types, "A folder with plugin types of your own (JSON)")
-        ->type_name("DIR")
-        ->expected(1)
-        ->take_all();
-    infoApp->add_flag("--json", info.json, "Print JSON");
-
+    CommandLine line;
     Options options;
-    const auto chosen = [&]() -> std::string { return *runApp ? "run" : *catApp ? "cat" : *infoApp ? "info" : ""; };
-    try {
-        std::vector<std::string> reversed(words.rbegin(), words.rend());
-        app.parse(reversed);
-    } catch (const CLI::CallForHelp&) {
-        options.text = helpText(app);
-        return options;
-    } catch (const CLI::ParseError& problem) {
-        if (CLI::App* command = *runApp ? runApp : *catApp ? catApp : *infoApp ? infoApp : nullptr) {
-            checkExtras(*command, chosen(), command == runApp);
-        }
-        refuse(chosen(), problem.what());
-    }
+    options.text = parse(line, words);
+    if (options.text) return options;
+    if (!line.chosen()) refuseCommand(line);
+    checkExtras(*line.chosen(), line.chosenName());
+    if (line.run->count("--defer")) checkDefer("run", line.runOptions.defer);
+    if (line.cat->count("--defer")) checkDefer("cat", line.catOptions.defer);
 
-    if (version) {
-        options.text = versionText();
+    if (*line.run) {
+        options.run = line.runOptions;
+        options.run->arguments = rest;
         return options;
     }
-    if (!*runApp && !*catApp && !*infoApp) {
-        const std::vector<std::string> extras = app.remaining(false);
-        if (extras.empty()) refuse("", "a command is missing: run, cat or info");
-        if (extras.front()[0] == '-') checkExtras(app, "", false);
-        refuse("", "unknown command \"" + extras.front() + "\"" + suggestion(extras.front(), {"run", "cat", "info"}));
-    }
-    if (*runApp) {
-        checkExtras(*runApp, "run", true);
-        if (runApp->count("--defer")) checkDefer("run", run.defer);
-        run.arguments = rest;
-        options.run = run;
-        return options;
-    }
-    if (!rest.empty()) refuse(chosen(), "unexpected argument \"" + rest.front() + "\"");
-    if (*catApp) {
-        checkExtras(*catApp, "cat", false);
-        if (catApp->count("--defer")) checkDefer("cat", cat.defer);
-        options.cat = cat;
-    } else {
-        checkExtras(*infoApp, "info", false);
-        options.info = info;
-    }
+    if (!rest.empty()) refuse(line.chosenName(), "unexpected argument \"" + rest.front() + "\"");
+    if (*line.cat) options.cat = line.catOptions;
+    if (*line.info) options.info = line.infoOptions;
     return options;
 }
