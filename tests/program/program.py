@@ -1,0 +1,80 @@
+"""Runs kelmo-offline in a folder of the test's own and looks at what it printed, left with and wrote."""
+import json
+import os
+import subprocess
+import tempfile
+import unittest
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+PROGRAM = os.environ.get("KELMO_OFFLINE", os.path.join(ROOT, "build/release/stage/bin/kelmo-offline"))
+STAGE = os.path.dirname(os.path.dirname(PROGRAM))
+SCENES = os.path.join(ROOT, "examples/scenes")
+EXAMPLES = os.path.join(ROOT, "examples")
+
+HEADER = '{"kelmo-scene":1,"up":"y","unit":1}\n'
+SCENE = HEADER + (
+    '{"type":"MtlDiffuse","name":"clay","params":{"color":[0.8,0.45,0.3]}}\n'
+    '{"type":"LightPoint","name":"key","params":{"intensity":2}}\n'
+    '{"type":"LightPoint","name":"fill"}\n')
+
+# What a script begins with.
+IMPORT = "import kelmo.pluginmodifier as pm\n"
+INIT = IMPORT + "pm._init()\n"
+DONE = "pm._uninit()\n"
+
+
+class Result:
+    def __init__(self, code, out, err):
+        self.code, self.out, self.err = code, out, err
+
+    def json(self):
+        return json.loads(self.out)
+
+
+class ProgramTest(unittest.TestCase):
+    """`self.run_program` works in a fresh folder that holds scene.kscene."""
+
+    maxDiff = None
+
+    def setUp(self):
+        holder = tempfile.TemporaryDirectory(prefix="kelmo-offline-test-")
+        self.addCleanup(holder.cleanup)
+        self.folder = holder.name
+        self.write("scene.kscene", SCENE)
+
+    def path(self, name):
+        return os.path.join(self.folder, name)
+
+    def write(self, name, text):
+        data = text if isinstance(text, bytes) else text.encode("utf-8")
+        with open(self.path(name), "wb") as file:
+            file.write(data)
+        return name
+
+    def read(self, name):
+        with open(self.path(name), "rb") as file:
+            return file.read().decode("utf-8")
+
+    def names(self):
+        return sorted(os.listdir(self.folder))
+
+    def start(self, *arguments, **options):
+        environment = dict(os.environ, **options.pop("environment", {}))
+        return subprocess.Popen([PROGRAM] + list(arguments), cwd=self.folder, env=environment,
+                                stdin=subprocess.DEVNULL, **options)
+
+    def run_program(self, *arguments, **options):
+        options.setdefault("stdout", subprocess.PIPE)
+        options.setdefault("stderr", subprocess.PIPE)
+        process = self.start(*arguments, **options)
+        out, err = process.communicate(timeout=120)
+        return Result(process.returncode, (out or b"").decode("utf-8"), (err or b"").decode("utf-8"))
+
+    def run_script(self, text, *arguments, scene="scene.kscene", **options):
+        self.write("script.py", text)
+        return self.run_program("run", scene, "script.py", *arguments, **options)
+
+    def check(self, result, code, out=None, err=None):
+        """Compares to the letter what is given."""
+        seen = (result.code, result.out, result.err)
+        self.assertEqual(seen, (code, result.out if out is None else out, result.err if err is None else err))
