@@ -51,7 +51,7 @@ struct OfflineControl {
     //   {"change":"created","plugin":"NAME","type":"TYPE"}
     // then the extra scenes that came in since, oldest first:
     //   {"change":"scene_added","plugins":COUNT}
-    // TEXT is the value as it stands in a scene file, a long list shortened with its length. "old" is
+    // TEXT is the value as it stands in a scene file, a long list or text shortened with its length. "old" is
     // null where no value was carried before, "new" where none is carried now.
     int (*snapshot)(void);
     int (*changes)(OfflineTextSink sink, void* user);
