@@ -57,7 +57,8 @@ struct OfflineControl {
     int (*changes)(OfflineTextSink sink, void* user);
 
     // Back to the state after loading: no plugins, no extra scenes, no owned values, no warnings,
-    // nothing observed, no failure injected.
+    // nothing observed, no failure injected, no types added. The manager and the list of extra scenes keep
+    // their addresses; script accesses that are open stay so unless the host had ended.
     int (*reset)(void);
 
     // Ends the host: frees owned values, then the scenes, then reports as one JSON object what it
