@@ -6,6 +6,7 @@
 
 #include <assimp/scene.h>
 
+#include <cstring>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -92,11 +93,11 @@ class SceneConverter {
     std::unordered_map<std::string, std::string> normalMaps_;     // image to record
 };
 
-// The bytes of a name as the reader keeps it.
-inline std::string textOf(const aiString& text) { return std::string(text.data, text.length); }
+// A name as the reader keeps it; a zero byte ends it, as it does in a scene.
+inline std::string textOf(const aiString& text) { return std::string(text.data, strnlen(text.data, text.length)); }
 
 // A name, or `kind` for what the DCC did not name.
-inline std::string nameOr(const aiString& name, const char* kind) { return name.length == 0 ? kind : textOf(name); }
+inline std::string nameOr(const aiString& name, const char* kind) { return textOf(name).empty() ? kind : textOf(name); }
 
 // The JSON of a transform: three columns and the offset.
 std::string transformText(const aiMatrix4x4& matrix);
