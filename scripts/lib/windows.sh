@@ -89,10 +89,11 @@ windows_script_tests() {
 windows_compare_with_linux() {
     local lists=$WINDOWS_BUILD/lists
     mkdir -p "$lists"
-    scripts/setup
-    [ -f build/release/build.ninja ] || cmake --preset release
-    cmake --build --preset release --target pluginmodifier offlinehost stage/python/kelmo/__init__.py
-    /usr/bin/python2.7 -B tests/script/run.py --build build/release --list | LC_ALL=C sort >"$lists/linux"
+    scripts/setup || return
+    [ -f build/release/build.ninja ] || cmake --preset release || return
+    cmake --build --preset release --target pluginmodifier offlinehost stage/python/kelmo/__init__.py || return
+    /usr/bin/python2.7 -B tests/script/run.py --build build/release --list >"$lists/linux.unsorted" || return
+    LC_ALL=C sort "$lists/linux.unsorted" >"$lists/linux"
     awk '$1 == "ok" { print $NF }' "$1" | LC_ALL=C sort >"$lists/windows"
     printf 'script tests: %d on Linux, %d passed on Windows\n' "$(wc -l <"$lists/linux")" "$(wc -l <"$lists/windows")"
     if [ -s "$lists/linux" ] && diff "$lists/linux" "$lists/windows"; then

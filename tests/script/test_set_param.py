@@ -59,8 +59,8 @@ class SingleValuesTest(AllKindsTest):
 
     def testNumbersConvertOneWay(self):
         for param, value, expected in (
-                ('int', (1, 2.7), (0, 2)), ('int', (1, -2.7), (0, -2)), ('int', (2, 1e30), (0, -2 ** 31)),
-                ('int', (1, float('nan')), (0, -2 ** 31)), ('int', (3, 7), (0, 1)), ('int', (0, 7L), (0, 7)),
+                ('int', (1, 2.7), (0, 2)), ('int', (1, -2.7), (0, -2)), ('int', (2, 1e30), (0, int(-2 ** 31))),
+                ('int', (1, float('nan')), (0, int(-2 ** 31))), ('int', (3, 7), (0, 1)), ('int', (0, 7L), (0, 7)),
                 ('bool', (0, 7), (0, 7)), ('bool', (1, 0.5), (0, 0)), ('float', (0, 3), (1, 3.0)),
                 ('float', (1, 3), (1, 3.0)), ('double', (1, 0.1), (1, 0.10000000149011612)),
                 ('double', (2, 0.1), (1, 0.1)), ('float', (1, 1e300), (1, float('inf')))):
