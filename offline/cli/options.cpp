@@ -154,6 +154,7 @@ Options readOptions(int argc, char** argv) {
     if (line.cat->count("--defer")) checkDefer("cat", line.catOptions.defer);
 
     if (*line.run) {
+        if (line.run->count("--output") && line.runOptions.output.empty()) refuse("run", "--output: the name is empty");
         options.run = line.runOptions;
         options.run->arguments = rest;
         return options;

@@ -88,6 +88,7 @@ void printJson(Host& host, const RunOptions& options, const ScriptEnd& end, cons
 ExitCode runCommand(const RunOptions& options) {
     const Installation place = Installation::find();
     checkScript(options.script);
+    const std::string output = absolutePath(options.output);
     if (!options.output.empty() && !options.dryRun) {
         checkOutput(options.output, options.scene, isExport(options.scene), options.script);
     }
@@ -106,7 +107,7 @@ ExitCode runCommand(const RunOptions& options) {
     std::string saved;
     if (end.succeeded && !options.output.empty() && !options.dryRun) {
         const Progress progress("saving " + options.output);
-        saveScene(host, options.output);
+        saveScene(host, output);
         saved = options.output;
     }
     if (options.json) {

@@ -22,6 +22,13 @@ class Output(ProgramTest):
         self.assertEqual(self.read("scene.kscene"), SCENE)
         self.assertEqual(self.names(), ["scene.kscene", "script.py"])
 
+    def test_output_is_seen_from_where_the_program_started(self):
+        os.mkdir(self.path("elsewhere"))
+        result = self.run_script("import os\nos.chdir('elsewhere')\n", "-o", "out.kscene")
+        self.check(result, 0, 'nothing changed\nsaved "out.kscene"\n', "")
+        self.assertEqual(self.read("out.kscene"), SCENE)
+        self.assertEqual(os.listdir(self.path("elsewhere")), [])
+
     def test_dry_run(self):
         for flag in ["-n", "--dry-run"]:
             self.check(self.run_script(DELETE_KEY, flag, "-o", "out.kscene"), 0, CHANGED + "not saved (-n)\n", "")
