@@ -31,13 +31,14 @@ add_library(windows_startup STATIC
   "${_windows}/startup/stack_probe.c"
   "${_windows}/startup/thread_storage.cpp"
   "${_windows}/startup/type_info.cpp")
-# Each function by itself, so that an image takes no more than it uses.
-target_compile_options(windows_startup PRIVATE -Wall -Wextra -Werror -ffunction-sections -fdata-sections)
-target_link_options(project_options INTERFACE "LINKER:/opt:ref")
+target_compile_options(windows_startup PRIVATE -Wall -Wextra -Werror)
 # libc++'s library is written in a newer C++ than its users need.
 set_target_properties(windows_startup PROPERTIES CXX_STANDARD 20)
 # The compiler crashes when type_info's own table and a type descriptor meet in one file.
 set_source_files_properties("${_windows}/startup/type_info.cpp" PROPERTIES COMPILE_OPTIONS -fno-rtti)
+# Each function by itself, so that an image takes no more of the C++ library than it uses.
+set_source_files_properties("${_windows}/startup/libcxx_support.cpp" PROPERTIES COMPILE_OPTIONS -ffunction-sections)
+target_link_options(windows_startup INTERFACE "LINKER:/opt:ref")
 target_link_libraries(windows_startup INTERFACE windows::kernel32 windows::ucrtbase windows::vcruntime140)
 
 set(_headers "${CMAKE_BINARY_DIR}/headers")

@@ -62,8 +62,9 @@ windows_session() {
         /usr/lib/wine/wineserver -w
         [ -f "$WINEPREFIX/system.reg" ] || die "Wine could not make its prefix in $WINEPREFIX."
     fi
-    /usr/lib/wine/wineserver -p >/dev/null 2>&1 </dev/null
-    scripts/lib/windows-run.sh cmd /c exit >/dev/null 2>&1 </dev/null
+    # A server that another run left behind serves as well.
+    /usr/lib/wine/wineserver -p >/dev/null 2>&1 </dev/null || true
+    scripts/lib/windows-run.sh cmd /c exit >/dev/null 2>&1 </dev/null || die "Wine does not run a program."
 }
 
 windows_session_end() {
