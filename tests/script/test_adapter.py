@@ -1,6 +1,9 @@
 # -*- coding: utf-8 -*-
 """Values of the wrong Python kind: what is set instead, and how the user hears of it."""
+import unittest
+
 import offlinehost
+import support
 from all_kinds import AllKindsTest
 
 class WrongKindsTest(AllKindsTest):
@@ -47,3 +50,22 @@ class WrongKindsTest(AllKindsTest):
         for _ in range(3):
             pass
         self.assertEqual(len(offlinehost.warnings()), 1)
+
+
+class WithoutPrintWarningTest(unittest.TestCase):
+
+    def testTheWarningIsAnExceptionAndTheValueIsSet(self):
+        code = ('from kelmo import pluginmodifier as m\n'
+                'm._init()\n'
+                'm._create("LightPoint", "key")\n'
+                'try:\n'
+                '    m._setParam("key", "intensity", (1, "x"))\n'
+                'except Exception as error:\n'
+                '    print type(error).__name__, error\n'
+                'print m._getParam("key", "intensity")\n'
+                'm._uninit()\n')
+        status, out, err = support.runPython(code, root=support.variantRoot('without_printWarning'))
+        self.assertEqual((status, err), (0, ''))
+        self.assertEqual(out.splitlines(),
+                         ['Exception A value given for parameter "intensity" in plugin "key" could not be read as its '
+                          'type: a float is required.', '(1, -1.0)'])

@@ -111,9 +111,11 @@ class Values(object):
                    15: (4, 10, 1000), 16: (7, 8, 10, 1000), 17: (7, 8, 10, 1000), 10: (10, 1000)}
         source = self.random.choice(sources.get(declared, (declared,)))
         if isList and not self.oneIn(20):
+            # The code of the whole list is not looked at.
+            outer = source if not self.oneIn(8) else self.random.choice(CODES)
             if self.oneIn(2) and source != 12:
-                return source, [self.tagged(source, 5) for _ in range(self.random.randrange(6))]
-            return source, self.elements(source, 0)
+                return outer, [self.tagged(source, 5) for _ in range(self.random.randrange(6))]
+            return outer, self.elements(source, 0)
         return self.tagged(source, 1)
 
 
