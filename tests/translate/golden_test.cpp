@@ -1,4 +1,5 @@
 // The translated samples, made anew and compared byte by byte.
+#include <cstdio>
 #include <cstring>
 
 #include "translated.h"
@@ -22,6 +23,20 @@ TEST_P(Golden, IsMadeAnewByteForByte) {
     const std::size_t from = place < 60 ? 0 : place - 60;
     ADD_FAILURE() << "differs at byte " << place << ": expected ..." << expected.substr(from, 120) << "\n made ..."
                   << made.substr(from, 120);
+}
+
+// What a command prints; the test fails when it does not end well.
+std::string printedBy(const std::string& command) {
+    FILE* pipe = popen(command.c_str(), "r");
+    const std::string text = TestSupport::readAll(fileno(pipe));
+    EXPECT_EQ(pclose(pipe), 0) << command;
+    return text;
+}
+
+// The catalogue knows every type and parameter of it, and the host saves it as it was translated.
+TEST_P(Golden, IsSavedByteForByte) {
+    const std::string path = TestSupport::sourcePath(GetParam().golden);
+    EXPECT_TRUE(printedBy("'" OFFLINE_PROGRAM "' cat '" + path + "'") == TestSupport::readFile(path));
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, Golden,

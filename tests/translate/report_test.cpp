@@ -53,7 +53,8 @@ const Case CASES[] = {
 {"event":"texture","name":"outside.png@texture","file":"../outside.png","state":"missing"}
 {"event":"left-out","what":"the factor on the metalness of \"lack\"","why":"a texture stands in its place"}
 {"event":"texture","name":"fehlt.png@texture","file":"fehlt.png","state":"missing"}
-{"event":"totals","plugins":31,"deferred":0}
+{"event":"left-out","what":"1 of 3 materials","why":"nothing in the file uses them"}
+{"event":"totals","plugins":30,"deferred":0}
 {"event":"done"}
 )~"},
 };
@@ -63,6 +64,34 @@ class Reports : public testing::TestWithParam<Case> {};
 TEST_P(Reports, TellWhatWasFound) { EXPECT_EQ(reportOf(GetParam().file), GetParam().report); }
 
 INSTANTIATE_TEST_SUITE_P(Samples, Reports, testing::ValuesIn(CASES), [](const auto& info) { return info.param.name; });
+
+// A scene of another unit, with another axis up: told, and nothing is turned or scaled.
+TEST(Reports, TellOfUnitsAndAxesAsTheFileSays) {
+    std::string text = TestSupport::readFile(TestSupport::sourcePath("examples/scenes/studio.fbx"));
+    const auto change = [&text](const std::string& name, const std::string& kind, const std::string& value) {
+        const std::size_t property = text.find(name);
+        ASSERT_NE(property, std::string::npos);
+        const std::size_t place = text.find(kind, property);
+        ASSERT_LT(place, property + 60);
+        text.replace(place + kind.size(), value.size(), value);
+    };
+    change("UpAxisS", std::string("\0\0\0\0I", 5), std::string("\x02\0\0\0", 4));
+    const double inch = 2.54;
+    change("UnitScaleFactorS", std::string("\0\0\0\0D", 5),
+           std::string(reinterpret_cast<const char*>(&inch), sizeof inch));
+    const TestSupport::TemporaryFolder folder;
+    TestSupport::writeFile(folder.path("a.fbx"), text);
+
+    const auto result = TestSupport::translateFile(folder.path("a.fbx"));
+    ASSERT_TRUE(result.ok()) << result.message;
+    EXPECT_NE(result.report.find("{\"event\":\"unit\",\"metres\":0.0254,"), std::string::npos) << result.report;
+    EXPECT_NE(result.report.find("{\"event\":\"up\",\"axis\":\"z\","), std::string::npos) << result.report;
+    const TestSupport::Scene scene(TestSupport::readAll(result.scene.get()));
+    EXPECT_STREQ(scene.header()["up"].GetString(), "z");
+    EXPECT_EQ(scene.header()["unit"].GetDouble(), 0.0254);
+    const TestSupport::Scene plain(TestSupport::translatedText(TestSupport::sourcePath("examples/scenes/studio.fbx")));
+    EXPECT_TRUE(scene.param("tore_émail", "transform") == plain.param("tore_émail", "transform"));
+}
 
 TEST(Reports, TellOfTexturesOutsideAndMaterialsThatAreMissing) {
     const TestSupport::TemporaryFolder folder;

@@ -29,7 +29,7 @@ struct SceneFrame {
 class SceneConverter {
   public:
     // `fileName` is the scene's name without its folder.
-    SceneConverter(const aiScene& scene, SceneKind kind, const SceneFolder& folder, std::string fileName,
+    SceneConverter(const aiScene& scene, const SceneFacts& facts, const SceneFolder& folder, std::string fileName,
                    Report& report);
 
     // The records in the order in which they are written.
@@ -72,9 +72,11 @@ class SceneConverter {
     void addCameras();
     void carry(Record& record, const std::string& dccName);
 
+    void reportUnused();
     void leftOut(const std::string& what, const std::string& why);
 
     const aiScene& scene_;
+    SceneFacts facts_;
     SceneKind kind_;
     const SceneFolder& folder_;
     Report& report_;
