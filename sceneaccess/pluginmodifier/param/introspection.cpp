@@ -107,8 +107,8 @@ PyObject* isOutputParam(const char* pluginName, const char* param) {
 }
 
 bool paramExists(const char* pluginName, const char* param) {
-    lookupParamDesc(lookupPlugin(pluginName), param);
-    return true;
+    const Plugin* plugin = findPlugin(pluginName);
+    return plugin != nullptr && findParamDesc(plugin, param) != nullptr;
 }
 
 }  // namespace KUtils::Python

@@ -81,7 +81,7 @@ PyObject* deletePlugin(const char* name) {
 
 PyObject* getPluginType(const char* name) { return newString(typeNameOrEmpty(lookupPlugin(name))); }
 
-bool pluginExists(const char* name) { return lookupPlugin(name) != nullptr; }
+bool pluginExists(const char* name) { return findPlugin(name) != nullptr; }
 
 bool unique(const char* name) { return isSingleInstance(lookupPlugin(name)); }
 

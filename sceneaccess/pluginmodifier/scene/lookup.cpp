@@ -21,7 +21,7 @@ PluginManager* currentPluginManager() {
     return state.mainScene != nullptr ? state.mainScene->getManager() : nullptr;
 }
 
-Plugin* lookupPlugin(const char* name, int& sceneIndex) {
+Plugin* findPlugin(const char* name, int& sceneIndex) {
     ensureInitialized();
     const SceneAccessState& state = *sceneAccessState;
     sceneIndex = -1;
@@ -36,6 +36,16 @@ Plugin* lookupPlugin(const char* name, int& sceneIndex) {
             if (plugin != nullptr) return plugin;
         }
     }
+    return nullptr;
+}
+
+Plugin* findPlugin(const char* name) {
+    int sceneIndex = -1;
+    return findPlugin(name, sceneIndex);
+}
+
+Plugin* lookupPlugin(const char* name, int& sceneIndex) {
+    if (Plugin* plugin = findPlugin(name, sceneIndex)) return plugin;
     throwError("The plugin \"%s\" doesn't exist.", name);
 }
 

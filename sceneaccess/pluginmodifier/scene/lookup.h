@@ -9,8 +9,12 @@ namespace KUtils::Python {
 // The manager that enumerations and type lookups go to, the main scene's; null when there is no main scene.
 PluginManager* currentPluginManager();
 
-// The plugin of this name. `sceneIndex` becomes -1 for the main scene, else the position of the extra scene that
-// holds it. Throws when no scene has it or the module is not initialised. Moves the scene list's cursor.
+// The plugin of this name, or null. `sceneIndex` becomes -1 for the main scene, else the position of the extra scene
+// that holds it. Throws when the module is not initialised. Moves the scene list's cursor.
+Plugin* findPlugin(const char* name, int& sceneIndex);
+Plugin* findPlugin(const char* name);
+
+// The same, but throws when no scene has it.
 Plugin* lookupPlugin(const char* name, int& sceneIndex);
 Plugin* lookupPlugin(const char* name);
 

@@ -1,0 +1,63 @@
+// Copying: malloc and memcpy of a value's bytes, of an array's bytes, and the clone that is compared with it.
+#include "floors.h"
+#include "host.h"
+
+// Order as above: the interpreter's header comes first.
+#include <cstring>
+#include <vector>
+
+#include "kelmo/param/settable.h"
+
+namespace Bench {
+
+using namespace KUtils;
+
+namespace {
+
+// As large as a number that the renderer's plugins carry: seven base parts, a name and the number.
+constexpr std::size_t VALUE_BYTES = 112;
+
+std::vector<void*> copies;
+
+}  // namespace
+
+// The copies stay, as the values of a duplicate do.
+PyObject* copyValues(PyObject*, PyObject* args) {
+    static const unsigned char source[VALUE_BYTES] = {1};
+    const long count = PyInt_AsLong(PyTuple_GET_ITEM(args, 0));
+    for (long i = 0; i < count; ++i) {
+        void* copy = kelmo_malloc(VALUE_BYTES);
+        if (copy == nullptr) return PyErr_NoMemory();
+        std::memcpy(copy, source, VALUE_BYTES);
+        copies.push_back(copy);
+    }
+    Py_RETURN_NONE;
+}
+
+PyObject* freeCopies(PyObject*, PyObject*) {
+    for (void* copy : copies) kelmo_free(copy, VALUE_BYTES);
+    copies.clear();
+    Py_RETURN_NONE;
+}
+
+PyObject* copyArray(PyObject*, PyObject* args) {
+    static std::vector<unsigned char> source;
+    const auto bytes = static_cast<std::size_t>(PyInt_AsLong(PyTuple_GET_ITEM(args, 0)));
+    if (source.size() != bytes) source.assign(bytes, 1);
+    void* copy = kelmo_malloc(bytes);
+    if (copy == nullptr) return PyErr_NoMemory();
+    std::memcpy(copy, source.data(), bytes);
+    kelmo_free(copy, bytes);
+    Py_RETURN_NONE;
+}
+
+PyObject* cloneValue(PyObject*, PyObject* args) {
+    KelmoPluginParameter* value = valueArgument(args);
+    if (value == nullptr) return nullptr;
+    PluginInterface* cloneable = value->getInterface(EXT_CLONEABLE_PARAM);
+    if (cloneable == nullptr) return PyErr_Format(PyExc_TypeError, "the value cannot clone itself");
+    delete static_cast<KelmoCloneableParamInterface*>(cloneable)->clone();
+    Py_RETURN_NONE;
+}
+
+}  // namespace Bench

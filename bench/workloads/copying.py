@@ -1,0 +1,44 @@
+"""Copying: a plugin with its values, and a value with a million elements."""
+import itertools
+
+from harness import Call, OwnTime, Workload
+
+VALUES = 30
+DUPLICATES = 200
+ELEMENTS = 1000000
+VECTOR_BYTES = 12
+
+
+def source():
+    return {'type': 'BenchSixty', 'name': 'source',
+            'params': dict(('number_%02d' % i, i * 0.5) for i in range(VALUES))}
+
+
+def workloads(context):
+    module, floors = context.module, context.floors
+    clock = floors.processor_time
+    names = ['copy_%d' % i for i in range(DUPLICATES)]
+
+    def copies():
+        floors.free_copies()
+        start = clock()
+        for _ in itertools.repeat(None, DUPLICATES):
+            floors.copy_values(VALUES)
+        return (clock() - start) / DUPLICATES
+
+    def duplicates():
+        context.open(source())
+        duplicate = module._duplicate
+        start = clock()
+        for name in names:
+            duplicate('source', name)
+        return (clock() - start) / DUPLICATES
+
+    if context.wants('duplicate.30_scalars'):
+        yield Workload('duplicate.30_scalars', [OwnTime('malloc, memcpy', copies), OwnTime('module', duplicates)], 4.0)
+
+    if context.wants('clone.1000000'):
+        context.open({'type': 'BenchKinds', 'name': 'plugin'})
+        module._setParam('plugin', 'vectors', (4, [(4, (0.5, 0.25, 0.0))] * ELEMENTS))
+        yield Workload('clone.1000000', [Call('malloc, memcpy', floors.copy_array, ELEMENTS * VECTOR_BYTES),
+                                         Call('clone', floors.clone, 'plugin', 'vectors')], 1.1)
