@@ -4,11 +4,11 @@
 #include <memory>
 #include <string>
 
+#include "check.h"
 #include "param/clone_param_value.h"
 #include "params/nested/map_channels_param.h"
 #include "pointer_set/set_memory.h"
 #include "stub_plugin.h"
-#include "check.h"
 #include "tree_source.h"
 
 using namespace KUtils;
