@@ -124,10 +124,10 @@ def shownTime(seconds):
 def line(result):
     """One line for one workload."""
     order = result['order']
-    peers = '  '.join('%s %.2f' % (name, result['ratios'][name]) for name in order[2:])
+    peers = '  '.join('%s %.3g' % (name, result['ratios'][name]) for name in order[2:])
     goal = 'goal %-5.4g %s' % (result['goal'], 'met   ' if result['ratio'] <= result['goal'] else 'missed') \
         if result['goal'] is not None else ' ' * 17
-    return ('%-28s %-14s %10s  %s %6.2f  %s  %s' % (
+    return ('%-38s %-14s %10s  %s %6.3g  %s  %s' % (
         result['workload'], order[0], shownTime(result['seconds'][order[0]]), order[1], result['ratio'], goal,
         peers)).rstrip()
 

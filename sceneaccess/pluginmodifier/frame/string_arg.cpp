@@ -30,7 +30,7 @@ class DefaultEncodingUtf8 {
 
 }  // namespace
 
-const char* stringArg(PyObject* args, Py_ssize_t index) {
+const char* convertedStringArg(PyObject* args, Py_ssize_t index) {
     PyObject* item = PyTuple_GetItem(args, index);
     if (item == nullptr) return nullptr;
     if (!PyUnicode_Check(item)) return PyString_AsString(item);

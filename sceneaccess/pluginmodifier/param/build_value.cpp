@@ -22,11 +22,23 @@ PyObject* tupleOf(Objects... objects) {
     return tuple;
 }
 
+bool setNumber(PyObject* tuple, Py_ssize_t index, double number) {
+    PyObject* object = PyFloat_FromDouble(number);
+    PyTuple_SET_ITEM(tuple, index, object);
+    return object != nullptr;
+}
+
 // Numbers cannot be part of a cycle, so the collector need not visit the tuple; it would find out itself later.
 template <class... Numbers>
 PyObject* floatsOf(Numbers... numbers) {
-    PyObject* tuple = tupleOf(PyFloat_FromDouble(numbers)...);
-    if (tuple != nullptr) PyObject_GC_UnTrack(tuple);
+    PyObject* tuple = PyTuple_New(sizeof...(numbers));
+    if (tuple == nullptr) return nullptr;
+    Py_ssize_t index = 0;
+    if (!(setNumber(tuple, index++, numbers) && ...)) {
+        Py_DECREF(tuple);
+        return nullptr;
+    }
+    _PyObject_GC_UNTRACK(tuple);
     return tuple;
 }
 

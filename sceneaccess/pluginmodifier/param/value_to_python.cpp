@@ -23,30 +23,9 @@ PyObject* pluginRefToPython(KelmoPluginParameter& value, int index) {
 template <class T>
 T viewElement(const ListView<T>& view, int index) {
     const T element = view.data != nullptr && index < view.count ? view.data[index] : T{};
-    releaseView(view);
+    if (view.shared != nullptr) releaseView(view);
     return element;
 }
-
-// One converter for each element type code from 0 to 10; each gives a new object.
-using ElementConverter = PyObject* (*)(KelmoPluginParameter& value, int index);
-
-constexpr ElementConverter listElementConverters[] = {
-    [](KelmoPluginParameter& v, int i) { return PyInt_FromLong(viewElement(v.getIntList(TIME), i)); },
-    [](KelmoPluginParameter& v, int i) { return PyFloat_FromDouble(viewElement(v.getFloatList(TIME), i)); },
-    [](KelmoPluginParameter& v, int i) { return PyFloat_FromDouble(v.getDouble(i, TIME)); },
-    [](KelmoPluginParameter& v, int i) { return newBool(viewElement(v.getIntList(TIME), i) != 0); },
-    [](KelmoPluginParameter& v, int i) { return buildFloats(viewElement(v.getVectorList(TIME), i)); },
-    [](KelmoPluginParameter& v, int i) { return buildFloats(viewElement(v.getColorList(TIME), i)); },
-    [](KelmoPluginParameter& v, int i) { return buildFloats(v.getAColor(i, TIME)); },
-    [](KelmoPluginParameter& v, int i) { return buildFloats(v.getMatrix(i, TIME)); },
-    [](KelmoPluginParameter& v, int i) { return buildFloats(v.getTransform(i, TIME)); },
-    [](KelmoPluginParameter& v, int i) { return newString(v.getString(i, TIME)); },
-    [](KelmoPluginParameter& v, int i) {
-        PyObject* reference = pluginRefToPython(v, i);
-        return reference == nullptr && PyErr_Occurred() == nullptr ? newNone() : reference;
-    },
-};
-constexpr int CONVERTER_COUNT = sizeof listElementConverters / sizeof *listElementConverters;
 
 // A new list of the elements at the cursor, each made by `convert(index)`; a null without an error becomes an element
 // as it stands. The collector does not see the list before it is filled.
@@ -64,6 +43,39 @@ PyObject* listToPython(KelmoPluginParameter& value, int count, const Convert& co
     PyObject_GC_Track(list.get());
     return list.release();
 }
+
+// Element `index` of a flat list, by type code; each gives a new object.
+PyObject* intElement(KelmoPluginParameter& v, int i) { return PyInt_FromLong(viewElement(v.getIntList(TIME), i)); }
+PyObject* floatElement(KelmoPluginParameter& v, int i) {
+    return PyFloat_FromDouble(viewElement(v.getFloatList(TIME), i));
+}
+PyObject* doubleElement(KelmoPluginParameter& v, int i) { return PyFloat_FromDouble(v.getDouble(i, TIME)); }
+PyObject* boolElement(KelmoPluginParameter& v, int i) { return newBool(viewElement(v.getIntList(TIME), i) != 0); }
+PyObject* vectorElement(KelmoPluginParameter& v, int i) { return buildFloats(viewElement(v.getVectorList(TIME), i)); }
+PyObject* colorElement(KelmoPluginParameter& v, int i) { return buildFloats(viewElement(v.getColorList(TIME), i)); }
+PyObject* acolorElement(KelmoPluginParameter& v, int i) { return buildFloats(v.getAColor(i, TIME)); }
+PyObject* matrixElement(KelmoPluginParameter& v, int i) { return buildFloats(v.getMatrix(i, TIME)); }
+PyObject* transformElement(KelmoPluginParameter& v, int i) { return buildFloats(v.getTransform(i, TIME)); }
+PyObject* stringElement(KelmoPluginParameter& v, int i) { return newString(v.getString(i, TIME)); }
+PyObject* pluginElement(KelmoPluginParameter& v, int i) {
+    PyObject* reference = pluginRefToPython(v, i);
+    return reference == nullptr && PyErr_Occurred() == nullptr ? newNone() : reference;
+}
+
+// One converter for each element type code from 0 to 10, with a loop of its own.
+template <PyObject* (*element)(KelmoPluginParameter&, int)>
+PyObject* flatList(KelmoPluginParameter& value, int count) {
+    return listToPython(value, count, [&value](int i) { return element(value, i); });
+}
+
+using ListConverter = PyObject* (*)(KelmoPluginParameter& value, int count);
+
+constexpr ListConverter listConverters[] = {
+    flatList<intElement>,       flatList<floatElement>,  flatList<doubleElement>, flatList<boolElement>,
+    flatList<vectorElement>,    flatList<colorElement>,  flatList<acolorElement>, flatList<matrixElement>,
+    flatList<transformElement>, flatList<stringElement>, flatList<pluginElement>,
+};
+constexpr int CONVERTER_COUNT = sizeof listConverters / sizeof *listConverters;
 
 // Opens an element of a value for as long as it is looked at.
 class OpenedElement {
@@ -91,8 +103,7 @@ PyObject* nestedListToPython(KelmoPluginParameter& value, int count) {
 
 PyObject* typedListToPython(KelmoPluginParameter& value, int code, int count) {
     if (code < 0 || code >= CONVERTER_COUNT) return newNone();
-    const ElementConverter convert = listElementConverters[code];
-    return makeTagged(code, listToPython(value, count, [&value, convert](int i) { return convert(value, i); }));
+    return makeTagged(code, listConverters[code](value, count));
 }
 
 PyObject* referenceToPython(KelmoPluginParameter& value, int index) {

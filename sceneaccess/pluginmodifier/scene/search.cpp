@@ -2,7 +2,7 @@
 
 #include "frame/py_ref.h"
 #include "scene/lookup.h"
-#include "scene/match_wildcard.h"
+#include "scene/wildcard_pattern.h"
 
 namespace KUtils::Python {
 
@@ -20,13 +20,13 @@ class FindPluginsByName final : public EnumPluginCallback {
 
     int process(Plugin* plugin) override {
         const char* name = plugin != nullptr ? pluginName(plugin) : nullptr;
-        if (name != nullptr && matchWildcard(pattern, name)) appendName(list, plugin);
+        if (name != nullptr && pattern.matches(name)) appendName(list, plugin);
         return 1;
     }
 
   private:
     PyObject* list;
-    const char* pattern;
+    WildcardPattern pattern;
 };
 
 class FindPluginsByType final : public EnumPluginCallback {
@@ -35,13 +35,13 @@ class FindPluginsByType final : public EnumPluginCallback {
 
     int process(Plugin* plugin) override {
         const char* typeName = plugin != nullptr ? pluginTypeName(plugin) : nullptr;
-        if (typeName != nullptr && matchWildcard(pattern, typeName)) appendName(list, plugin);
+        if (typeName != nullptr && pattern.matches(typeName)) appendName(list, plugin);
         return 1;
     }
 
   private:
     PyObject* list;
-    const char* pattern;
+    WildcardPattern pattern;
 };
 
 template <class Callback>

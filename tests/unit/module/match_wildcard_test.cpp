@@ -3,8 +3,10 @@
 #include <cstdint>
 
 #include "check.h"
+#include "scene/wildcard_pattern.h"
 
 using KUtils::Python::matchWildcard;
+using KUtils::Python::WildcardPattern;
 
 namespace {
 
@@ -65,6 +67,7 @@ TEST_CASE(wildcardTable) {
     for (const Row& row : rows) {
         CHECK_ROW(row.pattern);
         CHECK_EQ(matchWildcard(row.pattern, row.subject), row.matches);
+        CHECK_EQ(WildcardPattern(row.pattern).matches(row.subject), row.matches);
         CHECK_EQ(matchesByRecursion(row.pattern, row.subject), row.matches);
     }
 }
@@ -87,6 +90,7 @@ TEST_CASE(wildcardAgreesWithItsDefinition) {
         const bool expected = matchesByRecursion(pattern, subject);
         CHECK_ROW(pattern);
         CHECK_EQ(matchWildcard(pattern, subject), expected);
+        CHECK_EQ(WildcardPattern(pattern).matches(subject), expected);
         matched += expected ? 1 : 0;
     }
     CHECK(matched > 10000);
