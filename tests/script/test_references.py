@@ -1,14 +1,12 @@
-"""No call changes a reference count but as the table in reference_cases says.
+"""No call changes a reference count but as the table in call_cases says.
 
 Every interpreter shows the counts of single objects: of the arguments and all their parts, of None, True and False,
 and of the results. The debug interpreter shows the count of all references too.
 """
-import shutil
 import sys
-import tempfile
 
+import call_cases as cases
 import offlinehost
-import reference_cases as cases
 import support
 
 WARM_UP = 3
@@ -52,49 +50,15 @@ def madeAnew(value):
     return ''.join(list(value)) if isinstance(value, str) else type(value)(repr(value))
 
 
-def replaced(value, folder):
-    """The value with the folder put in, and all its texts and containers made anew."""
-    if isinstance(value, (tuple, list)):
-        return type(value)([replaced(item, folder) for item in value])
-    if isinstance(value, basestring):
-        return type(value)('').join(list(value.replace('{folder}', folder)))
-    return value
-
-
-class ReferenceTest(support.ModuleTest):
-
-    scene = support.sceneText(*cases.SCENE)
-
-    def setUp(self):
-        support.ModuleTest.setUp(self)
-        self.folder = tempfile.mkdtemp().replace('\\', '/')
-        self.addCleanup(shutil.rmtree, self.folder)
-        for name, plugins in cases.FILES.items():
-            with open(self.folder + '/' + name, 'wb') as scene:
-                scene.write(support.sceneText(*plugins))
-        self.module._addSceneContent([self.folder + '/extra.kscene'], '')
-
-    def leave(self):
-        support.ModuleTest.leave(self)
-        counters = offlinehost.counters()
-        self.abandoned = counters['script_access_begun'] - counters['script_access_ended']
+class ReferenceTest(cases.CallTest):
 
     # What each call of a round gives, compared with the table.
-
-    def outcome(self, function, arguments):
-        offlinehost.warnings()
-        try:
-            result = function(*arguments)
-        except Exception as error:
-            return ['raises', type(error), str(error)]
-        warnings = offlinehost.warnings()
-        return ['warns', tuple(warnings)] if warnings and result is None else ['returns', result]
 
     def checkOutcome(self, function, arguments, expected):
         actual = self.outcome(function, arguments)
         if expected == cases.raises(None) and len(actual) == 3:
             expected = expected[:2] + (actual[2],)
-        self.assertEqual(repr(actual), repr(list(replaced(expected, self.folder))))
+        self.assertEqual(repr(actual), repr(list(cases.replaced(expected, self.folder))))
         if actual[0] == 'returns':
             self.checkOwners(function, [actual.pop()])
 
@@ -136,8 +100,7 @@ class ReferenceTest(support.ModuleTest):
         return sys.gettotalrefcount() - before
 
     def checkRow(self, calls, kept):
-        made = [(getattr(self.module, function), replaced(arguments, self.folder), outcome)
-                for function, arguments, outcome in calls]
+        made = self.made(calls)
         for function, arguments, outcome in made:
             self.checkOutcome(function, arguments, outcome)
         watched = [None, True, False]

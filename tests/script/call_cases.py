@@ -1,5 +1,5 @@
 # -*- coding: utf-8 -*-
-"""What a call of each function does to Python's reference counts: the table.
+"""Calls of every function, each way that they can go: the table behind the tests of reference counts and faults.
 
 A row is (function, path, calls, kept). The calls make one round, which can be repeated at will; `kept` is how many
 references a round keeps for ever. Only the searches keep any: one for each name that they find. No call changes the
@@ -8,7 +8,12 @@ counts of its arguments, of None, True and False, and a result has no owner but 
 A call is (function, arguments, outcome); an outcome is returns(VALUE), raises(TEXT) or warns(TEXT). {folder} in an
 argument or a text stands for the folder of the scene files.
 """
+import shutil
+import tempfile
+
 import all_kinds
+import offlinehost
+import support
 
 NOT_INITIALISED = (
     "The kelmo.pluginmodifier module wasn't initialized properly. One possible reason for this error is that you are "
@@ -79,6 +84,7 @@ SCENE = all_kinds.SCENE + [
     {'type': 'GeomStaticMesh', 'name': 'a mesh', 'params': {'map_channels': [
         {'channel': 7, 'vertices': [[0, 0.5, 0]], 'faces': [0, 0, 0]}]}},
     {'type': 'SettingsOutput', 'name': 'an output', 'params': {'frames': [[1234567, 2], []]}},
+    {'type': 'GeomStaticNURBS', 'name': 'a surface'}, {'type': 'SettingsLightLinker', 'name': 'a linker'},
     {'type': 'GeomNode', 'name': 'a node'}, {'type': 'TexImage', 'name': 'an image'},
     {'type': 'TestMaterial', 'name': 'material', 'deferred': True},
     {'type': 'TestTexture', 'name': 'texture', 'deferred': True},
@@ -220,6 +226,14 @@ STARTED = [
     row('_setParam', 'a number that is none', ('thing', 'count', (0, 'some text')),
         warns('A value given for parameter "count" in plugin "thing" could not be read as its type: an integer is '
               'required.')),
+    row('_setParam', 'a list of lists', ('an output', 'frames', (12, [(12, [(0, 1234567), (0, 7)]), (12, [(0, 8)])])),
+        returns(None)),
+    row('_setParam', 'lists of vectors', ('a surface', 'cvs', (12, [(12, [(4, (1.5, 2.5, 3.5))]), (12, [])])),
+        returns(None)),
+    row('_setParam', 'lists of references', ('a linker', 'ignored_lights', (12, [(12, [(10, 'other'), (10, 'all')])])),
+        returns(None)),
+    row('_setParam', 'map channels', ('a mesh', 'map_channels', (12, [(12, [
+        (0, 5), (4, [(4, (1.5, 2.5, 3.5)), (4, (4.5, 5.5, 6.5))]), (0, [(0, 0), (0, 1), (0, 0)])])])), returns(None)),
     row('_setParam', 'in an extra scene', (u'extra', u'count', (0, 1234567)), returns(None)),
     typeError('_setParam', ('thing', 'count'), 'missing argument', 'takes at least 3 arguments (2 given)'),
     typeError('_setParam', (1234567, 'count', (0, 1)), 'no text', 'argument 1 must be str, not int'),
@@ -293,3 +307,50 @@ WITHOUT_WARNINGS = [
     (function, path + ', no printWarning', [(name, arguments, raises(outcome[1][0]))
                                             for name, arguments, outcome in calls], kept)
     for function, path, calls, kept in STARTED if calls[0][2][0] == 'warns' and function != '_setParam']
+
+
+def replaced(value, folder):
+    """The value with the folder put in, and all its texts and containers made anew."""
+    if isinstance(value, (tuple, list)):
+        return type(value)([replaced(item, folder) for item in value])
+    if isinstance(value, basestring):
+        return type(value)('').join(list(value.replace('{folder}', folder)))
+    return value
+
+
+class CallTest(support.ModuleTest):
+    """A test of the table's calls, in the state that the table stands for."""
+
+    scene = support.sceneText(*SCENE)
+
+    def setUp(self):
+        support.ModuleTest.setUp(self)
+        self.folder = tempfile.mkdtemp().replace('\\', '/')
+        self.addCleanup(shutil.rmtree, self.folder)
+        for name, plugins in FILES.items():
+            with open(self.folder + '/' + name, 'wb') as scene:
+                scene.write(support.sceneText(*plugins))
+        self.addExtraScene()
+
+    def addExtraScene(self):
+        self.module._addSceneContent([self.folder + '/extra.kscene'], '')
+
+    def leave(self):
+        support.ModuleTest.leave(self)
+        counters = offlinehost.counters()
+        self.abandoned = counters['script_access_begun'] - counters['script_access_ended']
+
+    def made(self, calls):
+        """The calls of a row with the functions themselves and arguments of their own."""
+        return [(getattr(self.module, function), replaced(arguments, self.folder), outcome)
+                for function, arguments, outcome in calls]
+
+    def outcome(self, function, arguments):
+        """What a call gives, as the table writes it, in a list."""
+        offlinehost.warnings()
+        try:
+            result = function(*arguments)
+        except Exception as error:
+            return ['raises', type(error), str(error)]
+        warnings = offlinehost.warnings()
+        return ['warns', tuple(warnings)] if warnings and result is None else ['returns', result]
