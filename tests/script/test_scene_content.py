@@ -93,6 +93,25 @@ class AddTest(SceneContentTest):
             self.assertEqual(self.extraNames(i), ['n%d' % (39 - i)])
             self.assertIs(self.module._pluginExists('n%d' % i), True)
 
+    def testAReferenceThatASavedSceneCannotHoldIsNull(self):
+        # By name it would lead nowhere, or to the main scene's plugin of that name.
+        self.module._create('MtlDiffuse', 'user')
+        self.module._addSceneContent([self.write('c.kscene', {'type': 'TexChecker', 'name': 'far'},
+                                                 {'type': 'TexChecker', 'name': 'clay'},
+                                                 {'type': 'MtlDiffuse', 'name': 'far user', 'params': {'color': 'clay'}},
+                                                 {'type': 'MtlDiffuse', 'name': 'near user',
+                                                  'params': {'color': 'main only'}})], '')
+        self.module._setParam('user', 'color', (10, 'far'))
+        self.assertEqual(self.module._getParam('user', 'color'), (10, 'far'))
+        self.module._duplicate('far user', 'copy')
+        self.assertEqual(offlinehost.text().splitlines()[3:],
+                         ['{"type":"MtlDiffuse","name":"user","params":{"color":null}}',
+                          '{"type":"MtlDiffuse","name":"copy","params":{"color":null}}'])
+        # An extra scene refers to the main scene by name.
+        self.assertEqual(offlinehost.extra_text(0).splitlines()[3:],
+                         ['{"type":"MtlDiffuse","name":"far user","params":{"color":"clay"}}',
+                          '{"type":"MtlDiffuse","name":"near user","params":{"color":"main only"}}'])
+
     def testWhatTheSceneIsAsked(self):
         offlinehost.observe()
         other = self.write('other.kscene')

@@ -153,3 +153,29 @@ class ArgumentsTest(AllKindsTest):
         self.module._uninit()
         self.assertRaises(Exception, self.module._setParam, 'all', 'int', (0, 1))
         self.module._init()
+
+    def testAScriptThatEndsTheAccessWithinAConversion(self):
+        pm = self.module
+        before = pm._getPluginParams('all', 1)
+
+        class Ends(object):
+            def __int__(self):
+                pm._uninit()
+                return 0
+
+            __float__ = __int__
+
+        class EndsAndFails(Ends):
+            def __int__(self):
+                pm._uninit()
+                raise ValueError('late')
+
+        for param, value in (('int', (0, Ends())), ('int', (Ends(), 5)), ('int', (0, EndsAndFails())),
+                             ('vector', (4, (1, 2, Ends()))), ('floats', (1, [(1, 0.5), (1, Ends())])),
+                             ('anys', (12, [(12, [(1, Ends())])]))):
+            with self.assertRaises(Exception) as raised:
+                pm._setParam('all', param, value)
+            self.assertIs(type(raised.exception), Exception)
+            self.assertTrue(str(raised.exception).startswith("The kelmo.pluginmodifier module wasn't initialized"))
+            pm._init()
+            self.assertEqual(pm._getPluginParams('all', 1), before)

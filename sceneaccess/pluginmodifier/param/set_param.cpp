@@ -73,6 +73,8 @@ PyObject* setParam(const char* pluginName, const char* paramName, PyObject* valu
         const TakeConversionError take(conversionError);
         made = cloneValue(plugin, paramName, desc, value);
     }
+    // A conversion may have run the script's own code, and that may have ended the access.
+    ensureInitialized();
     if (made == nullptr)
         throwError("Invalid value given for parameter \\\"%s\\\" in plugin \\\"%s\\\".", paramName, pluginName);
 
