@@ -45,14 +45,6 @@ windows_python() {
     printf '%s\n' "$state" >"$WINDOWS_PYTHON/built"
 }
 
-windows_build() {
-    [ -f "$WINDOWS_BUILD/build.ninja" ] || cmake --preset windows >"$WINDOWS_BUILD/configure.log" 2>&1 || {
-        cat "$WINDOWS_BUILD/configure.log" >&2
-        die "The build could not be configured."
-    }
-    cmake --build --preset windows
-}
-
 # One warm Wine session: without it every program would wait for Wine's services to start. The prefix is
 # made on first use. windows_session_end stops the server of this prefix and no other.
 windows_session() {
@@ -91,8 +83,7 @@ windows_compare_with_linux() {
     local lists=$WINDOWS_BUILD/lists
     mkdir -p "$lists"
     scripts/setup || return
-    [ -f build/release/build.ninja ] || cmake --preset release || return
-    cmake --build --preset release --target pluginmodifier offlinehost stage/python/kelmo/__init__.py || return
+    scripts/lib/build release pluginmodifier offlinehost stage/python/kelmo/__init__.py || return
     /usr/bin/python2.7 -B tests/script/run.py --build build/release --list >"$lists/linux.unsorted" || return
     LC_ALL=C sort "$lists/linux.unsorted" >"$lists/linux"
     awk '$1 == "ok" { print $NF }' "$1" | LC_ALL=C sort >"$lists/windows"
