@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 
@@ -66,7 +67,19 @@ void printText(Host& host, const std::string& saved, bool held) {
     if (held) writeOutput("not saved (-n)\n");
 }
 
-void printJson(Host& host, const RunOptions& options, const ScriptEnd& end, const std::string& saved) {
+// JSON Lines as the elements of an array.
+std::string elements(const std::string& lines) {
+    std::string text;
+    for (size_t begin = 0; begin < lines.size();) {
+        const size_t end = std::min(lines.find('\n', begin), lines.size());
+        text += (text.empty() ? "\n" : ",\n") + lines.substr(begin, end - begin);
+        begin = end + 1;
+    }
+    return text;
+}
+
+void printJson(Host& host, const RunOptions& options, const ScriptEnd& end, const std::string& saved,
+               const std::string& translation) {
     writeOutput(fmt::format(R"({{"scene":{},"script":{},"result":"{}","saved":{},"changes":[)", quoted(options.scene),
                             quoted(options.script), resultName(end), saved.empty() ? "null" : quoted(saved)));
     std::string before = "\n";
@@ -80,7 +93,7 @@ void printJson(Host& host, const RunOptions& options, const ScriptEnd& end, cons
         writeOutput(before + quoted(text));
         before = ",";
     });
-    writeOutput("]}\n");
+    writeOutput("],\n\"translation\":[" + elements(translation) + "]}\n");
 }
 
 }  // namespace
@@ -94,7 +107,7 @@ ExitCode runCommand(const RunOptions& options) {
     }
     Host host(place.hostLibrary);
     for (const std::string& folder : options.types) host.addTypes(folder);
-    loadScene(host, place, options.scene, options.defer);
+    const std::string translation = loadScene(host, place, options.scene, options.defer);
     host.snapshot();
 
     ScriptEnd end;
@@ -111,7 +124,7 @@ ExitCode runCommand(const RunOptions& options) {
         saved = options.output;
     }
     if (options.json) {
-        printJson(host, options, end, saved);
+        printJson(host, options, end, saved, translation);
     } else if (end.succeeded) {
         printText(host, saved, options.dryRun && !options.output.empty());
     }
