@@ -1,10 +1,14 @@
 #include "param/fast_fill.h"
 
+#include "frame/compiler.h"
 #include "param/read_exact.h"
 
 namespace KUtils::Python {
 
 namespace {
+
+// A long list's elements are far apart, and each is on its way while those before it are read.
+constexpr int ELEMENTS_AHEAD = 16;
 
 // Reads every element and hands it to `store(value, index)`.
 template <class T, class Store>
@@ -24,6 +28,7 @@ template <class T>
 bool readInto(const ListView<T>& array, PyObject* list, std::int32_t code) {
     if (array.count != PyList_GET_SIZE(list)) return false;
     for (int i = 0; i < array.count; ++i) {
+        if (i + ELEMENTS_AHEAD < array.count) PREFETCH(PyList_GET_ITEM(list, i + ELEMENTS_AHEAD));
         PyObject* value = exactTagged(PyList_GET_ITEM(list, i), code);
         // In place: what is half read is written anew by the walk.
         if (value == nullptr || !readExact(value, array.data[i])) return false;
