@@ -19,6 +19,16 @@ constexpr std::size_t VALUE_BYTES = 112;
 
 std::vector<void*> copies;
 
+// Gives a plugin the very objects that another carries.
+class Share final : public EnumParamsCallback {
+  public:
+    explicit Share(Plugin* plugin) : target(plugin) {}
+    int process(KelmoPluginParameter* value) override { return target->setParameter(value); }
+
+  private:
+    Plugin* target;
+};
+
 }  // namespace
 
 // The copies stay, as the values of a duplicate do.
@@ -38,6 +48,19 @@ PyObject* freeCopies(PyObject*, PyObject*) {
     for (void* copy : copies) kelmo_free(copy, VALUE_BYTES);
     copies.clear();
     Py_RETURN_NONE;
+}
+
+// What duplicating a plugin makes the host do: the copy carries the source's own objects, nothing is cloned.
+PyObject* shareValues(PyObject*, PyObject* args) {
+    Plugin* source = pluginArgument(args);
+    const char* name = source != nullptr ? textArgument(args, 1) : nullptr;
+    if (name == nullptr) return nullptr;
+    bool existed = source->getInterface(UNIQUE_PLUGIN_INTERFACE_ID) != nullptr;
+    Plugin* copy = manager()->createPlugin(name, pluginTypeName(source), existed, false, false, false);
+    if (copy == nullptr || existed) return PyErr_Format(PyExc_RuntimeError, "%.200s could not be made", name);
+    Share share(copy);
+    source->paramList->enumParams(&share);
+    return PyString_FromString(pluginName(copy));
 }
 
 PyObject* copyArray(PyObject*, PyObject* args) {

@@ -24,8 +24,10 @@ PyObject* readInts(PyObject* self, PyObject* args);
 PyObject* readFloats(PyObject* self, PyObject* args);
 PyObject* readVectors(PyObject* self, PyObject* args);
 
-// Copying: copy_values(count), copy_array(bytes), clone(plugin, param), and free_copies() for what the first made.
+// Copying: copy_values(count), and free_copies() for what it made; share_values(plugin, new name); copy_array(bytes);
+// clone(plugin, param).
 PyObject* copyValues(PyObject* self, PyObject* args);
+PyObject* shareValues(PyObject* self, PyObject* args);
 PyObject* freeCopies(PyObject* self, PyObject* args);
 PyObject* copyArray(PyObject* self, PyObject* args);
 PyObject* cloneValue(PyObject* self, PyObject* args);

@@ -32,6 +32,7 @@ PyMethodDef functions[] = {
     {"read_vectors", readVectors, METH_VARARGS, "read_vectors(tagged): into a new C array."},
     {"copy_values", copyValues, METH_VARARGS, "copy_values(count): malloc and memcpy for each; the copies stay."},
     {"free_copies", freeCopies, METH_NOARGS, "free_copies(): frees them."},
+    {"share_values", shareValues, METH_VARARGS, "share_values(plugin, new): the host's part of a duplication."},
     {"copy_array", copyArray, METH_VARARGS, "copy_array(bytes): malloc, memcpy, free."},
     {"clone", cloneValue, METH_VARARGS, "clone(plugin, param): the carried value clones itself; the clone is freed."},
     {"fill", fill, METH_VARARGS, "fill(type, names): makes the plugins."},

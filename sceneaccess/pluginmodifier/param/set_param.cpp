@@ -6,6 +6,7 @@
 #include "param/clone_param_value.h"
 #include "param/conversion_error.h"
 #include "param/fast_fill.h"
+#include "param/fast_scalar.h"
 #include "param/lookup_param_desc.h"
 #include "param/nesting.h"
 #include "param/python_conversions.h"
@@ -69,7 +70,7 @@ PyObject* setParam(const char* pluginName, const char* paramName, PyObject* valu
 
     ConversionError conversionError;
     OwnedValue made;
-    {
+    if (desc.listCount != -1 || !fastScalar(paramName, desc.type, value, made)) {
         const TakeConversionError take(conversionError);
         made = cloneValue(plugin, paramName, desc, value);
     }

@@ -31,7 +31,7 @@ class PointerSetAlgorithm {
             if (set.capacity == 0 || set.entries == nullptr) {
                 if (!rehash(set, set.capacity == 0 ? 1 : doubled(set.capacity))) return;
             }
-            if (load(set) > set.growLoad) rehash(set, doubled(set.capacity));
+            if (isAbove(set, set.growLoad)) rehash(set, doubled(set.capacity));
 
             const std::uint32_t home = homeOf(set, key);
             std::uint32_t distance = 0;
@@ -68,7 +68,7 @@ class PointerSetAlgorithm {
         --set.count;
 
         const std::uint32_t half = set.capacity / 2;
-        const bool roomy = load(set) < set.shrinkLoad &&
+        const bool roomy = isBelow(set, set.shrinkLoad) &&
                            static_cast<float>(half) * set.growLoad >= static_cast<float>(set.minimumSize);
         if (roomy && half >= 1 && set.count <= half) rehash(set, half);
         return true;
@@ -102,8 +102,12 @@ class PointerSetAlgorithm {
     // 0 when it does not fit.
     static std::uint32_t doubled(std::uint32_t capacity) { return capacity * 2; }
 
-    static float load(const PointerSet& set) {
-        return static_cast<float>(set.count) / static_cast<float>(set.capacity);
+    // The load against a bound. The capacity is a power of two, so the product is as exact as the quotient would be.
+    static bool isAbove(const PointerSet& set, float load) {
+        return static_cast<float>(set.count) > load * static_cast<float>(set.capacity);
+    }
+    static bool isBelow(const PointerSet& set, float load) {
+        return static_cast<float>(set.count) < load * static_cast<float>(set.capacity);
     }
 
     // Slots are cyclic; entries lie unaligned.
@@ -149,7 +153,7 @@ class PointerSetAlgorithm {
     static bool place(PointerSet& set, Key key, std::uint32_t home, std::uint32_t& distance, bool mayRefuse) {
         while (distance >= set.neighbourhood) {
             if (bringCloser(set, home, distance)) continue;
-            if (mayRefuse && set.neighbourhood >= 32 && load(set) >= 0.5f) return false;
+            if (mayRefuse && set.neighbourhood >= 32 && !isBelow(set, 0.5f)) return false;
             set.neighbourhood += 4;
         }
         store(set, home + distance, key);
