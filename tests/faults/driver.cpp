@@ -15,6 +15,14 @@ PyObject* moduleNames() {
     return names;
 }
 
+// A debug interpreter counts all references.
+std::int64_t allReferences() {
+    PyObject* count = PySys_GetObject(const_cast<char*>("gettotalrefcount"));
+    if (count == nullptr) return 0;
+    const Object total(PyObject_CallObject(count, nullptr));
+    return PyInt_AsLong(total.get());
+}
+
 }  // namespace
 
 Object python(const char* expression) {
@@ -41,7 +49,9 @@ std::string takeErrorText() {
 
 Counts countsNow() {
     return Counts{test_allocator::counters().live, Py_REFCNT(Py_None) + Py_REFCNT(Py_True) + Py_REFCNT(Py_False),
-                  PyThreadState_GET()->recursion_depth};
+                  allReferences(), PyThreadState_GET()->recursion_depth};
 }
+
+bool countsAllReferences() { return PySys_GetObject(const_cast<char*>("gettotalrefcount")) != nullptr; }
 
 }  // namespace faults

@@ -34,8 +34,10 @@ std::string takeErrorText();
 struct Counts {
     std::int64_t blocks;  // of the core's heap
     Py_ssize_t none;      // references to None, True and False
+    std::int64_t all;     // references, where the interpreter counts them; else 0
     int recursion;        // how deep the interpreter believes itself
 };
 Counts countsNow();
+bool countsAllReferences();
 
 }  // namespace faults

@@ -1,6 +1,7 @@
 // Exceptions that the module does not know, raised in turn by every operation that it calls, and the core's own that
 // the module itself raises: they pass through it as they are, and leave nothing behind. Only a driver in C++ can tell,
 // because such an exception must not cross the interpreter.
+#include <algorithm>
 #include <set>
 #include <string>
 
@@ -82,9 +83,21 @@ Outcome attempt(const char* function, PyObject* arguments, PyObject*& result) {
     }
 }
 
+// How many names a search has found, and keeps a reference to, when it has reached these operations and the last of
+// them has raised or not.
+std::int64_t namesFound(const std::string& function, const std::vector<std::string>& reached, bool raised) {
+    const bool byType = function == "_findByType";
+    if (!byType && function != "_findByName") return 0;
+    const std::string each = byType ? "descriptor.getTypeName" : "manager.enumPlugins, at its end";
+    std::int64_t found = std::count(reached.begin(), reached.end(), each);
+    if (!byType) return 2 * found;
+    if (raised && reached.back() == each) --found;
+    return found;
+}
+
 // One call in a world of its own, in which the operation number `raiseAt` raises; what it reached before.
 std::vector<std::string> runOnce(const char* function, const char* argumentText, bool swallows, std::size_t raiseAt,
-                                 stub::Kind kind) {
+                                 stub::Kind kind, bool counted = true) {
     std::vector<std::string> reached;
     test_allocator::reset();
     const Counts before = countsNow();
@@ -131,6 +144,7 @@ std::vector<std::string> runOnce(const char* function, const char* argumentText,
     CHECK_EQ(test_allocator::counters().wrongFrees, 0);
     CHECK_EQ(after.none, before.none);
     CHECK_EQ(after.recursion, before.recursion);
+    if (counted && countsAllReferences()) CHECK_EQ(after.all - before.all, namesFound(function, reached, raiseAt != 0));
     return reached;
 }
 
@@ -142,6 +156,8 @@ std::set<std::string>& everReached() {
 void raiseAtEach(const char* function, const char* arguments, bool swallows) {
     const std::string label = std::string(function) + arguments;
     CHECK_ROW(label.c_str());
+    // The first call makes what the interpreter keeps.
+    runOnce(function, arguments, swallows, 0, stub::Kind::Foreign, false);
     const std::vector<std::string> reached = runOnce(function, arguments, swallows, 0, stub::Kind::Foreign);
     for (std::size_t i = 0; i < reached.size(); ++i) {
         const std::string at = label + ", raised by " + reached[i];
