@@ -8,11 +8,9 @@
 #include "host/state.h"
 #include "host/system.h"
 #include "kelmo/core/exception_msg.h"
-#include "kelmo/param/settable.h"
 #include "kelmo/param/shader_source.h"
-#include "kelmo/plugin/parameter_list.h"
 #include "kelmo/scene/host_exports.h"
-#include "stub_value.h"
+#include "stub_plugin.h"
 
 using namespace KUtils;
 
@@ -36,86 +34,6 @@ void reach(const char* operation) {
 }
 
 namespace {
-
-struct Descriptor final : PluginDescriptor {
-    Descriptor() {
-        for (const Carried& carried : carriedValues()) declare(carried.name, carried.declared, carried.isList ? 0 : -1);
-        declare("out", PARAM_OUTPUT_TEXTURE, -1);
-        declare("given", PARAM_INT, -1);
-        records.back().hasDefault = 1;
-        table.count = static_cast<std::int32_t>(records.size());
-        table.records = records.data();
-        params = &table;
-    }
-    void declare(const char* name, int type, std::int32_t listCount) {
-        ParamDesc desc{};
-        desc.name = name;
-        desc.type = static_cast<ParamType>(type);
-        desc.listCount = listCount;
-        records.push_back(desc);
-    }
-    const char* getTypeName() override {
-        reach("descriptor.getTypeName");
-        return "Thing";
-    }
-
-    std::vector<ParamDesc> records;
-    ParamTable table{};
-};
-
-struct AnyInterface final : PluginInterface {
-    std::uint32_t getInterfaceID() override { return 0; }
-    PluginBase* getPlugin() override { return nullptr; }
-};
-
-struct Described final : PluginDescriptorInterface {
-    PluginBase* getPlugin() override { return nullptr; }
-};
-
-struct ParameterList final : KelmoParameterList {
-    std::vector<KelmoPluginParameter*> values;
-};
-
-class StubPlugin final : public Plugin {
-  public:
-    StubPlugin(const char* pluginName, Descriptor& type) {
-        name = pluginName;
-        descriptor = &type;
-        described.descriptor = &type;
-        paramList = &list;
-    }
-    void hideDescriptor() { descriptor = described.descriptor = nullptr; }
-    void carry(KelmoPluginParameter* value, const char* valueName) {
-        list.values.push_back(value);
-        carried[valueName] = value;
-    }
-    PluginInterface* getInterface(InterfaceID id) override {
-        reach("plugin.getInterface");
-        if (id == UNIQUE_PLUGIN_INTERFACE_ID) return nullptr;
-        if (id == PLUGIN_DESC_INTERFACE_ID) return &described;
-        return &anyInterface;
-    }
-    PluginDescriptor* getPluginDescriptor() override {
-        reach("plugin.getPluginDescriptor");
-        return descriptor;
-    }
-    int setParameter(KelmoPluginParameter* value) override {
-        reach("plugin.setParameter");
-        carried[value->getName()] = value;
-        return 1;
-    }
-    KelmoPluginParameter* getParameter(const char* wanted) override {
-        reach("plugin.getParameter");
-        const auto found = carried.find(wanted);
-        return found != carried.end() ? found->second : nullptr;
-    }
-
-  private:
-    ParameterList list;
-    std::map<std::string, KelmoPluginParameter*> carried;
-    Described described;
-    AnyInterface anyInterface;
-};
 
 // What stands while a World does: the host's functions have no other way to it.
 struct Renderer {
