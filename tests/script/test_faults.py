@@ -201,7 +201,8 @@ class EachAllocationTest(cases.CallTest):
         self.addCleanup(offlinehost.set_environment, support.ROOT_VARIABLE, support.STAGE)
         self.startAnew()
         for function, arguments, text in (
-                (self.module._create, ('TestThing', 'new'), 'A plugin \\"new\\" of type \\"TestThing\\" could not be created.'),
+                (self.module._create, ('TestThing', 'new'),
+                 'A plugin \\"new\\" of type \\"TestThing\\" could not be created.'),
                 (self.module._duplicate, ('thing', 'new'), 'A plugin "new" of type "TestThing" could not be created.'),
                 (self.module._exportTexture, ('texture',), 'The texture \\"texture\\" could not be exported.')):
             before = Scenes()
