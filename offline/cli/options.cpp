@@ -78,6 +78,7 @@ struct CommandLine {
         command.add_option("--types", types, "A folder with plugin types of your own (JSON)")
             ->type_name("DIR")
             ->expected(1)
+            ->allow_extra_args(false)
             ->take_all();
     }
     static void addDefer(CLI::App& command, std::string& kinds) {

@@ -53,9 +53,9 @@ const char* resultName(const ScriptEnd& end) {
 void reportExit(const ScriptEnd& end) {
     if (end.succeeded || !end.left) return;
     if (end.exitIsNumber) {
-        fmt::print(stderr, "kelmo-offline: the script left with {}\n", end.exitValue);
+        writeError(fmt::format("kelmo-offline: the script left with {}\n", end.exitValue));
     } else {
-        fmt::print(stderr, "{}\n", end.exitValue);
+        writeError(end.exitValue + "\n");
     }
 }
 

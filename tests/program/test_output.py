@@ -83,6 +83,15 @@ class Output(ProgramTest):
                 self.check(result, 3, "",
                            "kelmo-offline: cannot write to standard output: No space left on device\n")
 
+    def test_a_message_that_cannot_be_written_changes_no_exit_code(self):
+        self.write("stop.py", "import sys\nsys.exit('stop')\n")
+        self.write("three.py", "import sys\nsys.exit(3)\n")
+        for code, arguments in [(1, ["run", "scene.kscene", "stop.py"]), (1, ["run", "scene.kscene", "three.py"]),
+                                (2, ["walk"]), (3, ["run", "scene.kscene", "stop.py", "-o", "missing/out.kscene"]),
+                                (4, ["cat", "missing.kscene"])]:
+            with self.subTest(arguments), open("/dev/full", "wb") as full:
+                self.check(self.run_program(*arguments, stderr=full), code, "")
+
     def test_saved_even_when_nobody_reads_the_listing(self):
         self.write("script.py", DELETE_KEY)
         reading, writing = os.pipe()

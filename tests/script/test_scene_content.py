@@ -65,7 +65,10 @@ class AddTest(SceneContentTest):
 
     def testDeletingInAnExtraScene(self):
         self.module._addSceneContent([self.a, self.write('b2.kscene', {'type': 'TexNoise', 'name': 'b'})], '')
+        offlinehost.observe()
         self.module._delete('b')
+        self.assertEqual(offlinehost.events(), ['manager.findPlugin("b")', 'scene.findPlugin("b")',
+                                                'scene.deletePlugin("b", true)'])
         self.assertEqual(self.extraNames(0), ['a', 'clay', 'shared'])
         self.assertEqual(self.module._findByName('*'), ['clay', 'main only'])
 

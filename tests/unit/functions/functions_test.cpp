@@ -10,6 +10,7 @@
 #include "frame/method.h"
 #include "kelmo/core/exception_msg.h"
 #include "param/set_param.h"
+#include "params/scalar/scalar_params.h"
 #include "pointer_set/owned_values.h"
 #include "scene/duplicate.h"
 #include "scene/import.h"
@@ -23,6 +24,13 @@ namespace {
 
 constexpr char NAME[] = "function";
 
+// The values that a plugin of this test carries.
+class OneValue final : public KelmoParameterList {
+  public:
+    explicit OneValue(KelmoPluginParameter& carriedValue) : value(carriedValue) {}
+    KelmoPluginParameter& value;
+};
+
 // A plugin that carries what it is given.
 class CarryingPlugin final : public StubPlugin {
   public:
@@ -32,12 +40,18 @@ class CarryingPlugin final : public StubPlugin {
         type.declare("strength", PARAM_FLOAT);
     }
     int setParameter(KelmoPluginParameter* param) override {
-        carried = param;
-        return 1;
+        offered = param;
+        ownedWhenGiven = owned != nullptr ? static_cast<int>(owned->count) : -1;
+        if (takes) carried = param;
+        return takes ? 1 : 0;
     }
     KelmoPluginParameter* getParameter(const char*) override { return carried; }
 
     KelmoPluginParameter* carried = nullptr;
+    KelmoPluginParameter* offered = nullptr;
+    bool takes = true;
+    const PointerSet* owned = nullptr;
+    int ownedWhenGiven = -1;  // how many values the set held when the plugin was given one
 };
 
 class AllPlugins final : public PluginManager {
@@ -120,6 +134,12 @@ PyCFunction const addSceneContentFunction = method<NAME, addSceneContent>;
 
 }  // namespace
 
+// Stands in for the core's: the lists of this test are not the core's own.
+void KelmoParameterList::enumParams(EnumParamsCallback* callback) {
+    callback->process(nullptr);  // is passed over
+    callback->process(&static_cast<OneValue*>(this)->value);
+}
+
 TEST_CASE(creatingInTheMainScene) {
     NoManager host;
     CarryingPlugin made("Light", "made");
@@ -164,6 +184,29 @@ TEST_CASE(settingWithAndWithoutTheFallbackSet) {
     CHECK_EQ(set.count, 1u);
     CHECK(destroyOwnedValue(&set, host.taken.carried));
     kelmo_free(set.entries, set.capacity * POINTER_SET_ENTRY_BYTES);
+}
+
+TEST_CASE(aCopyIsTheHostsBeforeThePluginIsAsked) {
+    for (const bool takes : {true, false}) {
+        CHECK_ROW(takes ? "taken" : "refused");
+        NoManager host;
+        PointerSet set{};
+        set.growLoad = 0.75f;
+        host.state.fallbackOwnedParams = &set;
+        DefFloatParam value("strength", 0.5f, false);
+        OneValue values(value);
+        host.taken.paramList = &values;
+        CarryingPlugin made("Light", "made");
+        made.takes = takes;
+        made.owned = &set;
+        host.scene.made = &made;
+        CHECK_TEXT(host.call(duplicateFunction, "('taken', 'made')").c_str(),
+                   "find:taken find:made new:Light:made:0 -> 'made'");
+        CHECK_EQ(made.ownedWhenGiven, 1);
+        CHECK_EQ(set.count, 1u);  // a refused copy stays the host's
+        CHECK(destroyOwnedValue(&set, made.offered));
+        kelmo_free(set.entries, set.capacity * POINTER_SET_ENTRY_BYTES);
+    }
 }
 
 TEST_CASE(whatTheFrameDoesNotCatch) {
