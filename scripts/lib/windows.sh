@@ -86,7 +86,8 @@ windows_compare_with_linux() {
     scripts/lib/build release pluginmodifier offlinehost stage/python/kelmo/__init__.py || return
     /usr/bin/python2.7 -B tests/script/run.py --build build/release --list >"$lists/linux.unsorted" || return
     LC_ALL=C sort "$lists/linux.unsorted" >"$lists/linux"
-    awk '$1 == "ok" { print $NF }' "$1" | LC_ALL=C sort >"$lists/windows"
+    # The interpreter ends its lines as Windows does.
+    tr -d '\r' <"$1" | awk '$1 == "ok" { print $NF }' | LC_ALL=C sort >"$lists/windows"
     printf 'script tests: %d on Linux, %d passed on Windows\n' "$(wc -l <"$lists/linux")" "$(wc -l <"$lists/windows")"
     if [ -s "$lists/linux" ] && diff "$lists/linux" "$lists/windows"; then
         echo "1 passed, 0 failed"

@@ -3,11 +3,7 @@
 modelSet tells what _setParam does with a value, in the terms of the reference: which error, or what _getParam reads
 afterwards (as its repr, in which an element that is none shows as <NULL>) and whether the user is warned.
 """
-import ctypes
-
-from value_targets import makeScalar, makeList
-
-INT_MIN = -2 ** 31
+from value_targets import INT_MIN, asFloat32, makeList, makeScalar
 
 
 class Refused(Exception):
@@ -24,10 +20,6 @@ class Single(object):
     def __init__(self, code, value):
         self.code = code
         self.value = value
-
-
-def asFloat32(number):
-    return ctypes.c_float(number).value
 
 
 class Reader(object):

@@ -1,8 +1,9 @@
 """The objects that hold set values, modelled: what each write does to them and how they read back."""
-import ctypes
+import array
 import math
 
-INT_MIN = -2 ** 31
+# An int on every system: where a C long has 32 bits, the power is a long.
+INT_MIN = int(-2 ** 31)
 
 
 def truncated(number):
@@ -12,7 +13,7 @@ def truncated(number):
 
 
 def asFloat32(number):
-    return ctypes.c_float(number).value
+    return array.array('f', [number])[0]
 
 
 def shownReference(reference):
