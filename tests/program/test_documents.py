@@ -37,7 +37,7 @@ class Documents(unittest.TestCase):
         for command in sorted(glob.glob(os.path.join(ROOT, "scripts/*"))):
             if os.path.isfile(command):
                 with self.subTest(command):
-                    self.assertIn("`scripts/%s`" % os.path.basename(command), text)
+                    self.assertTrue("`scripts/%s`" % os.path.basename(command) in text, "the README does not tell of it")
 
 
 if __name__ == "__main__":
