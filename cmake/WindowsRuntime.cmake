@@ -36,6 +36,9 @@ target_compile_options(windows_startup PRIVATE -Wall -Wextra -Werror)
 set_target_properties(windows_startup PROPERTIES CXX_STANDARD 20)
 # The compiler crashes when type_info's own table and a type descriptor meet in one file.
 set_source_files_properties("${_windows}/startup/type_info.cpp" PROPERTIES COMPILE_OPTIONS -fno-rtti)
+# Each function by itself, so that an image takes no more of the C++ library than it uses.
+set_source_files_properties("${_windows}/startup/libcxx_support.cpp" PROPERTIES COMPILE_OPTIONS -ffunction-sections)
+target_link_options(windows_startup INTERFACE "LINKER:/opt:ref")
 target_link_libraries(windows_startup INTERFACE windows::kernel32 windows::ucrtbase windows::vcruntime140)
 
 set(_headers "${CMAKE_BINARY_DIR}/headers")

@@ -26,7 +26,7 @@ def relight(dim):
     sky = pm._create("LightEnvironment", "look@sky")
     pm._setParam(sky, "color", (ACOLOR, ((0.55, 0.7, 1.0), 1.0)))
     pm._setParam(sky, "intensity", (FLOAT, 0.8))
-    pm._setParam(sky, "casts_shadows", (BOOL, 0))
+    pm._setParam(sky, "casts_shadows", (BOOL, False))
     return sky
 
 
@@ -41,6 +41,7 @@ def override_materials(pattern):
         return
     marble = pm._duplicate(material[1], "look@marble")
     pm._setParam(marble, "base_color", (ACOLOR, ((0.9, 0.88, 0.84), 1.0)))
+    pm._setParam(marble, "specular_color", (COLOR, (1.0, 1.0, 1.0)))
     pm._setParam(marble, "roughness", (FLOAT, 0.15))
     pm._setParam(marble, "coat", (FLOAT, 0.6))
     for node in nodes:

@@ -12,7 +12,7 @@ enum ExitCode : int {
     exitOutput = 3,        // a result could not be written
     exitInput = 4,         // a scene, script or catalogue could not be read
     exitTranslation = 5,   // the translating process died, or went over its limits
-    exitInstallation = 6,  // the program's own files are missing or damaged
+    exitInstallation = 6,  // the program's own files are missing or damaged, or no memory
 };
 
 class Failure : public std::runtime_error {

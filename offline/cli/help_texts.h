@@ -14,7 +14,7 @@ Exit codes:
   3  a result could not be written
   4  a scene, script or type folder could not be read
   5  the translation of an export died or went over its limits
-  6  the program's own files are missing or damaged)";
+  6  the program's own files are missing or damaged, or there was not enough memory)";
 
 inline constexpr const char* runFooter =
     R"(SCENE is an offline scene (.kscene) or an export of a DCC (.gltf, .glb, .fbx, .obj).

@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "json_text.h"
+#include "standard_output.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ void endHost(Host& host, bool scriptSucceeded) {
     const bool onlyAccess = number(report, "accesses_open") > 0 && number(report, "blocks_leaked") == 1 &&
                             number(report, "values_leaked") == 0;
     if (!onlyAccess) {
-        fmt::print(stderr, "kelmo-offline: left alive at the end: {}\n", leftovers(report));
+        writeError(fmt::format("kelmo-offline: left alive at the end: {}\n", leftovers(report)));
     } else if (scriptSucceeded) {
         std::fputs("kelmo-offline: the script did not call _uninit()\n", stderr);
     }

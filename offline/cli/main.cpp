@@ -1,8 +1,7 @@
 // kelmo-offline: runs post-translate scripts on scenes, without the host application.
-#include <fmt/format.h>
-
 #include <cstdio>
 #include <new>
+#include <string>
 
 #include "commands.h"
 #include "failure.h"
@@ -28,7 +27,7 @@ int main(int argc, char** argv) {
         flushOutput();
     } catch (const Failure& failure) {
         std::fflush(stdout);
-        fmt::print(stderr, "kelmo-offline: {}\n", failure.what());
+        writeError(std::string("kelmo-offline: ") + failure.what() + "\n");
         return failure.code();
     } catch (const std::bad_alloc&) {
         std::fputs("kelmo-offline: not enough memory\n", stderr);

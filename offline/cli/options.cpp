@@ -78,6 +78,7 @@ struct CommandLine {
         command.add_option("--types", types, "A folder with plugin types of your own (JSON)")
             ->type_name("DIR")
             ->expected(1)
+            ->allow_extra_args(false)
             ->take_all();
     }
     static void addDefer(CLI::App& command, std::string& kinds) {
@@ -154,6 +155,7 @@ Options readOptions(int argc, char** argv) {
     if (line.cat->count("--defer")) checkDefer("cat", line.catOptions.defer);
 
     if (*line.run) {
+        if (line.run->count("--output") && line.runOptions.output.empty()) refuse("run", "--output: the name is empty");
         options.run = line.runOptions;
         options.run->arguments = rest;
         return options;

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -56,6 +55,13 @@ void saveDirectly(Host& host, const std::string& path) {
 }
 
 }  // namespace
+
+std::string absolutePath(const std::string& path) {
+    if (path.empty() || path[0] == '/') return path;
+    const std::unique_ptr<char, void (*)(void*)> folder(getcwd(nullptr, 0), std::free);
+    if (!folder) refuse(path, std::strerror(errno));
+    return std::string(folder.get()) + "/" + path;
+}
 
 void checkOutput(const std::string& path, const std::string& scene, bool sceneIsExport, const std::string& script) {
     struct stat facts {};

@@ -6,6 +6,9 @@
 
 #include "host.h"
 
+// The path as it is to be understood from any folder: a script may change the working folder.
+std::string absolutePath(const std::string& path);
+
 // Throws Failure: exitOutput when `path` cannot be written, exitUsage when it is the script or an export.
 void checkOutput(const std::string& path, const std::string& scene, bool sceneIsExport, const std::string& script);
 

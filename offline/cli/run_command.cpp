@@ -2,6 +2,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 
@@ -52,9 +53,9 @@ const char* resultName(const ScriptEnd& end) {
 void reportExit(const ScriptEnd& end) {
     if (end.succeeded || !end.left) return;
     if (end.exitIsNumber) {
-        fmt::print(stderr, "kelmo-offline: the script left with {}\n", end.exitValue);
+        writeError(fmt::format("kelmo-offline: the script left with {}\n", end.exitValue));
     } else {
-        fmt::print(stderr, "{}\n", end.exitValue);
+        writeError(end.exitValue + "\n");
     }
 }
 
@@ -66,7 +67,19 @@ void printText(Host& host, const std::string& saved, bool held) {
     if (held) writeOutput("not saved (-n)\n");
 }
 
-void printJson(Host& host, const RunOptions& options, const ScriptEnd& end, const std::string& saved) {
+// JSON Lines as the elements of an array.
+std::string elements(const std::string& lines) {
+    std::string text;
+    for (size_t begin = 0; begin < lines.size();) {
+        const size_t end = std::min(lines.find('\n', begin), lines.size());
+        text += (text.empty() ? "\n" : ",\n") + lines.substr(begin, end - begin);
+        begin = end + 1;
+    }
+    return text;
+}
+
+void printJson(Host& host, const RunOptions& options, const ScriptEnd& end, const std::string& saved,
+               const std::string& translation) {
     writeOutput(fmt::format(R"({{"scene":{},"script":{},"result":"{}","saved":{},"changes":[)", quoted(options.scene),
                             quoted(options.script), resultName(end), saved.empty() ? "null" : quoted(saved)));
     std::string before = "\n";
@@ -80,7 +93,7 @@ void printJson(Host& host, const RunOptions& options, const ScriptEnd& end, cons
         writeOutput(before + quoted(text));
         before = ",";
     });
-    writeOutput("]}\n");
+    writeOutput("],\n\"translation\":[" + elements(translation) + "]}\n");
 }
 
 }  // namespace
@@ -88,12 +101,13 @@ void printJson(Host& host, const RunOptions& options, const ScriptEnd& end, cons
 ExitCode runCommand(const RunOptions& options) {
     const Installation place = Installation::find();
     checkScript(options.script);
+    const std::string output = absolutePath(options.output);
     if (!options.output.empty() && !options.dryRun) {
         checkOutput(options.output, options.scene, isExport(options.scene), options.script);
     }
     Host host(place.hostLibrary);
     for (const std::string& folder : options.types) host.addTypes(folder);
-    loadScene(host, place, options.scene, options.defer);
+    const std::string translation = loadScene(host, place, options.scene, options.defer);
     host.snapshot();
 
     ScriptEnd end;
@@ -106,11 +120,11 @@ ExitCode runCommand(const RunOptions& options) {
     std::string saved;
     if (end.succeeded && !options.output.empty() && !options.dryRun) {
         const Progress progress("saving " + options.output);
-        saveScene(host, options.output);
+        saveScene(host, output);
         saved = options.output;
     }
     if (options.json) {
-        printJson(host, options, end, saved);
+        printJson(host, options, end, saved, translation);
     } else if (end.succeeded) {
         printText(host, saved, options.dryRun && !options.output.empty());
     }

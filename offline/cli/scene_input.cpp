@@ -51,14 +51,14 @@ bool isExport(const std::string& path) {
     return !endsWith(path, ".kscene") && !beginsLikeScene(path);
 }
 
-void loadScene(Host& host, const Installation& place, const std::string& path, const std::string& deferKinds) {
+std::string loadScene(Host& host, const Installation& place, const std::string& path, const std::string& deferKinds) {
     if (!isExport(path)) {
         if (!deferKinds.empty()) {
             throw Failure(exitUsage, "--defer is for exports, and \"" + path + "\" is an offline scene");
         }
         const Progress progress(readingText("reading", path));
         host.open(path, path);
-        return;
+        return {};
     }
     Translation::TranslationResult result;
     {
@@ -69,4 +69,5 @@ void loadScene(Host& host, const Installation& place, const std::string& path, c
     std::fputs(translationNotes(path, result.report).c_str(), stderr);
     const Progress progress("reading the translation of " + path);
     host.open("/proc/self/fd/" + std::to_string(result.scene.get()), "the translation of " + path);
+    return result.report;
 }

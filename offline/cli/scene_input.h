@@ -13,4 +13,5 @@ bool isExport(const std::string& path);
 // Throws Failure: exitInput when the scene cannot be read, exitTranslation when the translating process died,
 // exitUsage when kinds are to be deferred in a scene that is none of a DCC. What the translation has to tell
 // (units, axes, renamed nodes) goes to standard error.
-void loadScene(Host& host, const Installation& place, const std::string& path, const std::string& deferKinds);
+// Gives the report of the translation (JSON Lines); empty when there was none.
+std::string loadScene(Host& host, const Installation& place, const std::string& path, const std::string& deferKinds);

@@ -21,3 +21,5 @@ void writeOutput(const std::string& text) {
 void flushOutput() {
     if (std::fflush(stdout) != 0) fail();
 }
+
+void writeError(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stderr); }

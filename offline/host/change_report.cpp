@@ -1,5 +1,7 @@
 #include "host/change_report.h"
 
+#include <algorithm>
+
 #include "core/scene_file/scene_file_api.h"
 #include "host/extra_scenes.h"
 #include "host/json_object.h"
@@ -9,8 +11,9 @@ namespace Offline {
 
 namespace {
 
-// Elements of a list that a text shows.
+// How much of a value its text shows: elements of a list, bytes of all.
 constexpr int SHOWN_ELEMENTS = 8;
+constexpr std::size_t SHOWN_BYTES = 240;
 
 // enumContents and enumValues with any function that takes the element.
 template <class Function>
@@ -45,12 +48,26 @@ void forEachValue(KUtils::Plugin* plugin, Function function) {
     enumValues(plugin, &visitor);
 }
 
-void append(void* user, const char* text, std::size_t length) { static_cast<std::string*>(user)->append(text, length); }
+// A text of which only the beginning is kept.
+struct CutText {
+    std::string text;
+    std::size_t length = 0;
+};
+
+void append(void* user, const char* text, std::size_t length) {
+    auto& cut = *static_cast<CutText*>(user);
+    cut.length += length;
+    if (cut.text.size() < SHOWN_BYTES) cut.text.append(text, std::min(length, SHOWN_BYTES - cut.text.size()));
+}
 
 std::string shortText(KUtils::KelmoPluginParameter* value) {
-    std::string text;
-    describeValue(value, SHOWN_ELEMENTS, append, &text);
-    return text;
+    CutText cut;
+    describeValue(value, SHOWN_ELEMENTS, append, &cut);
+    if (cut.length <= SHOWN_BYTES) return cut.text;
+    // Not within a character.
+    while (!cut.text.empty() && (static_cast<unsigned char>(cut.text.back()) & 0xc0) == 0x80) cut.text.pop_back();
+    if (!cut.text.empty() && static_cast<unsigned char>(cut.text.back()) >= 0xc0) cut.text.pop_back();
+    return cut.text + "... " + std::to_string(cut.length) + " bytes in all";
 }
 
 JsonObject change(const char* kind, KUtils::Plugin* plugin) {

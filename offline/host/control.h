@@ -51,13 +51,14 @@ struct OfflineControl {
     //   {"change":"created","plugin":"NAME","type":"TYPE"}
     // then the extra scenes that came in since, oldest first:
     //   {"change":"scene_added","plugins":COUNT}
-    // TEXT is the value as it stands in a scene file, a long list shortened with its length. "old" is
+    // TEXT is the value as it stands in a scene file, a long list or text shortened with its length. "old" is
     // null where no value was carried before, "new" where none is carried now.
     int (*snapshot)(void);
     int (*changes)(OfflineTextSink sink, void* user);
 
     // Back to the state after loading: no plugins, no extra scenes, no owned values, no warnings,
-    // nothing observed, no failure injected.
+    // nothing observed, no failure injected, no types added. The manager and the list of extra scenes keep
+    // their addresses; script accesses that are open stay so unless the host had ended.
     int (*reset)(void);
 
     // Ends the host: frees owned values, then the scenes, then reports as one JSON object what it

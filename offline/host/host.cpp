@@ -37,7 +37,11 @@ Host& Host::get() {
     return *host;
 }
 
-Host::Host() : manager(*this) { reset(); }
+Host::Host() : manager(*this) {
+    reset();
+    // What was allocated before the host was first asked is not the host's, so it can be left over at the end.
+    atReset = Marks{};
+}
 
 // The catalogue
 

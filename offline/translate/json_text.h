@@ -1,20 +1,15 @@
 // Appends JSON values to a text, in the one way in which the scene format writes them.
 #pragma once
 
-#include <cstdint>
 #include <string>
-#include <string_view>
+
+#include "core/scene_file/json_writer.h"
 
 namespace Translation {
 
-// A text in quotes. Bytes that are not part of valid UTF-8 are escaped, each as \udcNN.
-void appendText(std::string& out, std::string_view text);
+using Offline::appendNumber;
 
-void appendInteger(std::string& out, std::int64_t number);
-
-// The shortest decimal that reads back as the same number, or "nan", "inf", "-inf" in quotes.
-void appendNumber(std::string& out, float number);
-void appendNumber(std::string& out, double number);
+inline void appendText(std::string& out, const std::string& text) { Offline::appendText(out, text.c_str()); }
 
 // [a,b,...]
 void appendNumbers(std::string& out, const float* numbers, std::size_t count);

@@ -1,6 +1,7 @@
 """Runs kelmo-offline in a folder of the test's own and looks at what it printed, left with and wrote."""
 import json
 import os
+import shutil
 import subprocess
 import tempfile
 import unittest
@@ -60,7 +61,7 @@ class ProgramTest(unittest.TestCase):
 
     def start(self, *arguments, **options):
         environment = dict(os.environ, **options.pop("environment", {}))
-        return subprocess.Popen([PROGRAM] + list(arguments), cwd=self.folder, env=environment,
+        return subprocess.Popen([options.pop("program", PROGRAM)] + list(arguments), cwd=self.folder, env=environment,
                                 stdin=subprocess.DEVNULL, **options)
 
     def run_program(self, *arguments, **options):
@@ -73,6 +74,20 @@ class ProgramTest(unittest.TestCase):
     def run_script(self, text, *arguments, scene="scene.kscene", **options):
         self.write("script.py", text)
         return self.run_program("run", scene, "script.py", *arguments, **options)
+
+    def make_tree(self, translator):
+        """A tree like the stage, with a translating program of the test's own (none: None)."""
+        for folder in ["bin", "libexec"]:
+            os.makedirs(self.path("tree/" + folder))
+        for name in ["plug-ins", "lib", "share", "python"]:
+            os.symlink(os.path.join(STAGE, name), self.path("tree/" + name))
+        shutil.copy(PROGRAM, self.path("tree/bin/kelmo-offline"))
+        if translator is not None:
+            self.write("tree/libexec/kelmo-translate", translator)
+            os.chmod(self.path("tree/libexec/kelmo-translate"), 0o700)
+
+    def run_in_tree(self, *arguments):
+        return self.run_program(*arguments, program=self.path("tree/bin/kelmo-offline"))
 
     def check(self, result, code, out=None, err=None):
         """Compares to the letter what is given."""

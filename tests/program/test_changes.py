@@ -1,8 +1,9 @@
 """The listing of what a script changed, for people and as JSON."""
 import json
+import os
 import unittest
 
-from program import DONE, HEADER, INIT, ProgramTest
+from program import DONE, HEADER, INIT, SCENES, ProgramTest
 
 CASES = [
     ("nothing", "", "nothing changed\n",
@@ -49,7 +50,7 @@ class Changes(ProgramTest):
                 result = self.run_script(INIT + text + DONE, "--json")
                 self.check(result, 0, err="")
                 self.assertEqual(result.json(), {"scene": "scene.kscene", "script": "script.py", "result": "done",
-                                                 "saved": None, "changes": changes, "warnings": []})
+                                                 "saved": None, "changes": changes, "warnings": [], "translation": []})
 
     def test_long_list_is_shortened(self):
         result = self.run_script(INIT + "pm._create('GeomStaticMesh', 'm')\n"
@@ -64,7 +65,16 @@ class Changes(ProgramTest):
         warning = 'A plugin \\"key\\" already exists.'
         self.check(result, 0, err="kelmo: warning: " + warning + "\nchatter\n")
         self.assertEqual(result.json(), {"scene": "scene.kscene", "script": "script.py", "result": "done",
-                                         "saved": "o.kscene", "changes": [], "warnings": [warning]})
+                                         "saved": "o.kscene", "changes": [], "warnings": [warning],
+                                         "translation": []})
+
+    def test_json_holds_the_report_of_a_translation(self):
+        result = self.run_script("", "--json", scene=os.path.join(SCENES, "studio.glb"))
+        self.assertEqual(result.code, 0)
+        events = result.json()["translation"]
+        self.assertEqual(events[0]["event"], "source")
+        self.assertIn({"event": "unit", "metres": 1, "why": "always so in glTF"}, events)
+        self.assertEqual(events[-1], {"event": "done"})
 
     def test_json_tells_a_failure(self):
         for text, outcome in [("raise KeyError\n", "raised"), ("import sys; sys.exit(4)\n", "left")]:

@@ -3,6 +3,7 @@
 KELMO_UPDATE_GOLDEN=1 writes the listings anew, to be read before they are committed.
 """
 import os
+import re
 import unittest
 
 from program import EXAMPLES, ROOT, SCENES, ProgramTest
@@ -60,6 +61,17 @@ class Examples(ProgramTest):
             with self.subTest(kind):
                 self.compare("inventory_%s.txt" % kind, self.run_example("inventory.py", "studio." + kind))
         self.assertEqual(self.run_example("inventory.py", "studio.glb", "--", "zzz*"), "nothing matches\nnothing changed\n")
+
+    def test_first_script_of_the_readme(self):
+        """The script and its output stand in the README as they are."""
+        with open(os.path.join(ROOT, "README.md"), encoding="utf-8") as file:
+            readme = file.read()
+        script = re.search(r"```python\n(# first\.py\n.*?)```", readme, re.DOTALL).group(1)
+        command, shown = re.search(r"```\n\$ kelmo-offline ([^\n]*)\n(.*?)```", readme, re.DOTALL).groups()
+        self.write("first.py", script)
+        os.symlink(EXAMPLES, self.path("examples"))
+        result = self.run_program(*command.split())
+        self.assertEqual((result.code, result.err + result.out), (0, shown))
 
 
 if __name__ == "__main__":

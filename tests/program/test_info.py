@@ -53,6 +53,10 @@ class Info(ProgramTest):
     def test_type_of_a_folder_of_the_users(self):
         self.check(self.run_program("info", "XLamp", "--types", "types"), 0, LAMP_TEXT, "")
         self.check(self.run_program("info", "XEmpty", "--types", "types"), 0, EMPTY_TEXT, "")
+        # The option takes one folder each time, so what follows it is the type.
+        self.check(self.run_program("info", "--types", "types", "XLamp"), 0, LAMP_TEXT, "")
+        os.mkdir(self.path("more"))
+        self.check(self.run_program("info", "--types", "types", "--types", "more", "XLamp"), 0, LAMP_TEXT, "")
 
     def test_every_shipped_type_can_be_shown(self):
         names = self.shipped()

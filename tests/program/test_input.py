@@ -1,12 +1,9 @@
 """What cannot be read: scenes, exports and plugin types, each with its message and exit code."""
 import os
-import shutil
 import signal
-import stat
-import subprocess
 import unittest
 
-from program import PROGRAM, SCENES, STAGE, ProgramTest
+from program import SCENES, ProgramTest
 
 START = '{"kelmo-scene":1}\n'
 
@@ -106,47 +103,29 @@ class Input(ProgramTest):
             result = self.run_program("cat", scene)
             self.assertEqual(result.err.splitlines()[:2], [scene + ": " + note for note in notes])
 
-    def translator(self, text):
-        """A tree like the stage, with a translating program of the test's own."""
-        for folder in ["bin", "libexec"]:
-            os.makedirs(self.path("tree/" + folder))
-        for name in ["plug-ins", "lib", "share", "python"]:
-            os.symlink(os.path.join(STAGE, name), self.path("tree/" + name))
-        shutil.copy(PROGRAM, self.path("tree/bin/kelmo-offline"))
-        if text is not None:
-            self.write("tree/libexec/kelmo-translate", text)
-            os.chmod(self.path("tree/libexec/kelmo-translate"), stat.S_IRWXU)
-
-    def run_in_tree(self, *arguments):
-        process = subprocess.run([self.path("tree/bin/kelmo-offline")] + list(arguments), cwd=self.folder,
-                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=60)
-        return process.returncode, process.stdout.decode(), process.stderr.decode()
-
     def test_translation_that_dies(self):
         self.write("shot.glb", "anything")
-        self.translator("#!/bin/sh\nkill -%d $$\n" % signal.SIGSEGV)
-        self.assertEqual(self.run_in_tree("cat", "shot.glb"), (5, "", 'kelmo-offline: The translation of "shot.glb" died: '
-                                                               "Segmentation fault (signal 11).\n"))
+        self.make_tree("#!/bin/sh\nkill -%d $$\n" % signal.SIGSEGV)
+        start = 'kelmo-offline: The translation of "shot.glb" died: '
+        self.check(self.run_in_tree("cat", "shot.glb"), 5, "", start + "Segmentation fault (signal 11).\n")
         self.write("tree/libexec/kelmo-translate", "#!/bin/sh\nexit 0\n")
-        self.assertEqual(self.run_in_tree("cat", "shot.glb"), (5, "", 'kelmo-offline: The translation of "shot.glb" died: '
-                                                               "it ended with code 0 and without a result.\n"))
+        self.check(self.run_in_tree("cat", "shot.glb"), 5, "", start + "it ended with code 0 and without a result.\n")
 
     def test_incomplete_installation(self):
         self.write("shot.glb", "anything")
-        self.translator(None)
-        program = self.path("tree/libexec/kelmo-translate")
-        self.assertEqual(self.run_in_tree("cat", "shot.glb"),
-                         (6, "", 'kelmo-offline: "shot.glb" was not translated: the program "%s" could not be '
-                                 "started.\n" % program))
+        self.make_tree(None)
+        self.check(self.run_in_tree("cat", "shot.glb"), 6, "",
+                   'kelmo-offline: "shot.glb" was not translated: the program "%s" could not be started.\n'
+                   % self.path("tree/libexec/kelmo-translate"))
+        library = self.path("tree/plug-ins/kelmoformaya.mll")
         os.unlink(self.path("tree/plug-ins"))
-        self.assertEqual(self.run_in_tree("cat", "scene.kscene"),
-                         (6, "", 'kelmo-offline: the installation is not complete: "%s" cannot be read: No such file or '
-                                 "directory\n" % self.path("tree/plug-ins/kelmoformaya.mll")))
+        self.check(self.run_in_tree("cat", "scene.kscene"), 6, "",
+                   'kelmo-offline: the installation is not complete: "%s" cannot be read: No such file or directory\n'
+                   % library)
         os.mkdir(self.path("tree/plug-ins"))
         self.write("tree/plug-ins/kelmoformaya.mll", "no library")
-        self.assertEqual(self.run_in_tree("cat", "scene.kscene"),
-                         (6, "", "kelmo-offline: the host library cannot be loaded: %s: file too short\n"
-                          % self.path("tree/plug-ins/kelmoformaya.mll")))
+        self.check(self.run_in_tree("cat", "scene.kscene"), 6, "",
+                   "kelmo-offline: the host library cannot be loaded: %s: file too short\n" % library)
 
 
 if __name__ == "__main__":

@@ -22,6 +22,13 @@ class Output(ProgramTest):
         self.assertEqual(self.read("scene.kscene"), SCENE)
         self.assertEqual(self.names(), ["scene.kscene", "script.py"])
 
+    def test_output_is_seen_from_where_the_program_started(self):
+        os.mkdir(self.path("elsewhere"))
+        result = self.run_script("import os\nos.chdir('elsewhere')\n", "-o", "out.kscene")
+        self.check(result, 0, 'nothing changed\nsaved "out.kscene"\n', "")
+        self.assertEqual(self.read("out.kscene"), SCENE)
+        self.assertEqual(os.listdir(self.path("elsewhere")), [])
+
     def test_dry_run(self):
         for flag in ["-n", "--dry-run"]:
             self.check(self.run_script(DELETE_KEY, flag, "-o", "out.kscene"), 0, CHANGED + "not saved (-n)\n", "")
@@ -75,6 +82,15 @@ class Output(ProgramTest):
                 result = self.run_program(*arguments, stdout=full)
                 self.check(result, 3, "",
                            "kelmo-offline: cannot write to standard output: No space left on device\n")
+
+    def test_a_message_that_cannot_be_written_changes_no_exit_code(self):
+        self.write("stop.py", "import sys\nsys.exit('stop')\n")
+        self.write("three.py", "import sys\nsys.exit(3)\n")
+        for code, arguments in [(1, ["run", "scene.kscene", "stop.py"]), (1, ["run", "scene.kscene", "three.py"]),
+                                (2, ["walk"]), (3, ["run", "scene.kscene", "stop.py", "-o", "missing/out.kscene"]),
+                                (4, ["cat", "missing.kscene"])]:
+            with self.subTest(arguments), open("/dev/full", "wb") as full:
+                self.check(self.run_program(*arguments, stderr=full), code, "")
 
     def test_saved_even_when_nobody_reads_the_listing(self):
         self.write("script.py", DELETE_KEY)

@@ -1,5 +1,6 @@
 """How the script runs: its names, arguments, search path, exceptions and ways to leave."""
 import os
+import shutil
 import unittest
 
 from program import INIT, STAGE, ProgramTest
@@ -92,6 +93,14 @@ class Script(ProgramTest):
     def test_module_is_the_staged_one(self):
         result = self.run_script("import kelmo.pluginmodifier as pm\nprint pm.__file__\n")
         self.check(result, 0, os.path.join(STAGE, "python/kelmo/pluginmodifier.so") + "\n" + NOTHING, "")
+
+    def test_tree_can_be_moved(self):
+        shutil.copytree(STAGE, self.path("moved"))
+        self.write("script.py", INIT + "import os\nprint pm.__file__, os.environ['KELMO_FOR_MAYA2020_MAIN']\n"
+                                "print pm._findByType('LightPoint')\npm._uninit()\n")
+        moved = os.path.realpath(self.path("moved"))
+        result = self.run_program("run", "scene.kscene", "script.py", program=self.path("moved/bin/kelmo-offline"))
+        self.check(result, 0, "%s/python/kelmo/pluginmodifier.so %s\n['key', 'fill']\n" % (moved, moved) + NOTHING, "")
 
     def test_inherited_root_is_overwritten(self):
         result = self.run_script(INIT + "import os\nprint os.environ['KELMO_FOR_MAYA2020_MAIN']\n"

@@ -35,6 +35,31 @@ class Signals(ProgramTest):
         self.assertEqual(err, 'Traceback (most recent call last):\n  File "script.py", line 5, in <module>\n'
                               "    time.sleep(60)\nKeyboardInterrupt\n")
 
+    def test_terminated_while_translating(self):
+        """The translating process does not outlive the program."""
+        self.write("shot.glb", "anything")
+        self.make_tree("#!/bin/sh\necho $$ > started\nmv started pid\nexec sleep 60\n")
+        process = self.start("cat", "shot.glb", program=self.path("tree/bin/kelmo-offline"), stdout=subprocess.PIPE,
+                             stderr=subprocess.PIPE)
+        deadline = time.monotonic() + 60
+        while not os.path.exists(self.path("pid")) and process.poll() is None and time.monotonic() < deadline:
+            time.sleep(0.02)
+        translator = int(self.read("pid"))
+        process.terminate()
+        self.assertEqual(process.communicate(timeout=60), (b"", b""))
+        self.assertEqual(process.returncode, -signal.SIGTERM)
+        while self.is_running(translator) and time.monotonic() < deadline:
+            time.sleep(0.02)
+        self.assertFalse(self.is_running(translator))
+
+    @staticmethod
+    def is_running(pid):
+        try:
+            with open("/proc/%d/stat" % pid) as file:
+                return file.read().rsplit(")", 1)[1].split()[0] != "Z"
+        except FileNotFoundError:
+            return False
+
     def test_terminated_while_saving(self):
         """A signal at any moment of a long save leaves the old file, or the whole new one, and nothing beside."""
         lines = ['{"kelmo-scene":1}\n'] + ['{"type":"LightPoint","name":"light %d"}\n' % i for i in range(100000)]

@@ -27,6 +27,7 @@ WRONG = [
     (["run", "scene.kscene", "a.py", "--wrong=3"], told('unknown option "--wrong=3"', "run")),
     (["run", "scene.kscene", "a.py", "-x"], told('unknown option "-x"', "run")),
     (["run", "scene.kscene", "a.py", "-o"], told("--output: 1 required OUT missing", "run")),
+    (["run", "scene.kscene", "a.py", "-o", ""], told("--output: the name is empty", "run")),
     (["run", "scene.kscene", "a.py", "--defer", "material"],
      told('--defer: "material" is not one of materials, textures, cameras, nodes; did you mean "materials"?', "run")),
     (["cat", "scene.kscene", "--defer", "nodes,"],

@@ -88,13 +88,18 @@ def run(options):
         return 0 if wanted else 1
     result = Result(options.verbose)
     unittest.TestSuite(wanted).run(result)
-    ran = result.testsRun - len(result.skipped)
+    skipped = len(result.skipped)
     # An error outside a test (in setUpClass, say) fails the run although no test of that name was started.
     failed = len(result.failed)
-    passed = max(0, ran - failed)
-    print '%d passed, %d failed%s' % (passed, failed,
-                                      ', %d skipped' % len(result.skipped) if result.skipped else '')
-    return 0 if passed > 0 and failed == 0 else 1
+    text, status = closing(max(0, result.testsRun - skipped - failed), failed, skipped)
+    print text
+    return status
+
+
+def closing(passed, failed, skipped):
+    """The closing line and the exit code."""
+    text = '%d passed, %d failed' % (passed, failed) + (', %d skipped' % skipped if skipped else '')
+    return text, 0 if passed > 0 and failed == 0 else 1
 
 
 def main():

@@ -70,6 +70,11 @@ class DeleteTest(support.ModuleTest):
         self.assertEqual(self.module._findByName('*'), ['output', 'checker'])
         self.assertRaisesText(Exception, 'The plugin "clay" doesn\'t exist.', self.module._delete, 'clay')
 
+    def testDeletionAsksTheHostOnce(self):
+        offlinehost.observe()
+        self.module._delete('clay')
+        self.assertEqual(offlinehost.events(), ['manager.findPlugin("clay")', 'manager.deletePlugin("clay", true)'])
+
     def testANameCanBeUsedAgain(self):
         self.module._delete('clay')
         self.assertEqual(self.module._create('TexChecker', 'clay'), 'clay')

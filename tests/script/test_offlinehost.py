@@ -20,7 +20,8 @@ class OpeningAndSaving(HostTest):
         self.folder = tempfile.mkdtemp().replace('\\', '/')
 
     def leave(self):
-        shutil.rmtree(self.folder)
+        # Windows has file names in UTF-16 only; a byte text there is not UTF-8.
+        shutil.rmtree(self.folder.decode('utf-8') if os.name == 'nt' else self.folder)
 
     def testATextIsReadAndWrittenBack(self):
         offlinehost.open_text(SCENE)

@@ -65,7 +65,10 @@ class AddTest(SceneContentTest):
 
     def testDeletingInAnExtraScene(self):
         self.module._addSceneContent([self.a, self.write('b2.kscene', {'type': 'TexNoise', 'name': 'b'})], '')
+        offlinehost.observe()
         self.module._delete('b')
+        self.assertEqual(offlinehost.events(), ['manager.findPlugin("b")', 'scene.findPlugin("b")',
+                                                'scene.deletePlugin("b", true)'])
         self.assertEqual(self.extraNames(0), ['a', 'clay', 'shared'])
         self.assertEqual(self.module._findByName('*'), ['clay', 'main only'])
 
@@ -92,6 +95,25 @@ class AddTest(SceneContentTest):
         for i in range(40):
             self.assertEqual(self.extraNames(i), ['n%d' % (39 - i)])
             self.assertIs(self.module._pluginExists('n%d' % i), True)
+
+    def testAReferenceThatASavedSceneCannotHoldIsNull(self):
+        # By name it would lead nowhere, or to the main scene's plugin of that name.
+        self.module._create('MtlDiffuse', 'user')
+        self.module._addSceneContent([self.write('c.kscene', {'type': 'TexChecker', 'name': 'far'},
+                                                 {'type': 'TexChecker', 'name': 'clay'},
+                                                 {'type': 'MtlDiffuse', 'name': 'far user', 'params': {'color': 'clay'}},
+                                                 {'type': 'MtlDiffuse', 'name': 'near user',
+                                                  'params': {'color': 'main only'}})], '')
+        self.module._setParam('user', 'color', (10, 'far'))
+        self.assertEqual(self.module._getParam('user', 'color'), (10, 'far'))
+        self.module._duplicate('far user', 'copy')
+        self.assertEqual(offlinehost.text().splitlines()[3:],
+                         ['{"type":"MtlDiffuse","name":"user","params":{"color":null}}',
+                          '{"type":"MtlDiffuse","name":"copy","params":{"color":null}}'])
+        # An extra scene refers to the main scene by name.
+        self.assertEqual(offlinehost.extra_text(0).splitlines()[3:],
+                         ['{"type":"MtlDiffuse","name":"far user","params":{"color":"clay"}}',
+                          '{"type":"MtlDiffuse","name":"near user","params":{"color":"main only"}}'])
 
     def testWhatTheSceneIsAsked(self):
         offlinehost.observe()

@@ -1,2 +1,2 @@
-+ MAYAVERSION:2020 PLATFORM:win64 pluginmodifier @VERSION@ pluginmodifier
++ MAYAVERSION:2020 PLATFORM:win64 pluginmodifier @VERSION@ ./pluginmodifier
 PYTHONPATH +:= python

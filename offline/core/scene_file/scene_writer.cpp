@@ -22,7 +22,7 @@ void SceneWriter::plugin(const OfflinePlugin& plugin) {
     if (plugin.nodeName() != nullptr) appendText(line += ",\"node\":", plugin.nodeName());
 
     std::string rigid;
-    ValueWriter writer(line);
+    ValueWriter writer(line, contents);
     for (std::int32_t i = 0; i < plugin.count(); ++i) {
         KUtils::KelmoPluginParameter& value = *plugin.at(i);
         const int index = type.paramIndex(value.getName());

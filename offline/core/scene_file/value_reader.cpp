@@ -17,6 +17,13 @@ struct Elements {
     }
 };
 
+// The type code that a tag names; -1: none that can be tagged.
+int codeOf(const std::string& digits) {
+    if (digits.size() == 1) return digits[0] - '0';
+    if (digits == "10") return KUtils::PARAM_PLUGIN;
+    return digits == "12" ? KUtils::PARAM_LIST : -1;
+}
+
 // "nan", "inf" and "-inf" stand for the numbers that JSON has no form for.
 template <class Float>
 bool isSpecialNumber(const std::string& text, Float& value) {
@@ -246,7 +253,7 @@ Value* ValueReader::readTagged() {
         const std::size_t digits = key.find_first_not_of("0123456789");
         const std::string number = key.substr(0, digits);
         const bool flat = key == number + "[]";
-        const int code = number.size() == 1 || number == "10" || number == "12" ? std::stoi(number) : -1;
+        const int code = codeOf(number);
         if ((!flat && key != number) || code < 0 || (flat && code == KUtils::PARAM_LIST)) {
             return text.failAt(text.last(),
                                "expected a type code, as \"0\" or \"0[]\" for a list, found " + quoted(key));

@@ -166,6 +166,15 @@ void ValueWriter::taggedFlat(KelmoPluginParameter& value, int code) {
 }
 
 // Whether a list is written no further than before this element; says then how long it is.
+bool ValueWriter::canBeNamed(KUtils::PluginBase* plugin) const {
+    if (plugin == nullptr) return false;
+    const OfflinePlugin* referenced = OfflinePlugin::from(plugin);
+    if (scene == nullptr || !referenced->isAlive()) return referenced->isAlive();
+    const OfflinePlugin* found = scene->find(referenced->name);
+    if (found == nullptr && scene->parent() != nullptr) found = scene->parent()->find(referenced->name);
+    return found == referenced;
+}
+
 bool ValueWriter::cut(int index, int count) {
     if (longest < 0 || index < longest || index >= count) return false;
     if (index > 0) out += ',';
@@ -342,7 +351,7 @@ void ValueWriter::element(KelmoPluginParameter& value, int code, int index) {
         case KUtils::PARAM_PLUGIN: {
             const char* output = nullptr;
             KUtils::PluginBase* plugin = value.getPlugin(index, TIME, &output);
-            if (plugin == nullptr || !OfflinePlugin::from(plugin)->isAlive()) {
+            if (!canBeNamed(plugin)) {
                 out += "null";
             } else if (output == nullptr) {
                 appendText(out, KUtils::pluginName(plugin));

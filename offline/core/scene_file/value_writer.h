@@ -5,14 +5,17 @@
 #include <string>
 
 #include "core/catalogue/plugin_type.h"
+#include "core/scene/scene_contents.h"
 #include "kelmo/param/plugin_parameter.h"
 
 namespace Offline {
 
 class ValueWriter {
   public:
-    // `longestList`: of longer lists only so many elements are written, and how many there are in all; -1: no limit.
-    explicit ValueWriter(std::string& text, int longestList = -1) : out(text), longest(longestList) {}
+    // As a scene with these contents is saved: a reference that their reader would not find by name is null.
+    ValueWriter(std::string& text, const SceneContents& contents) : out(text), scene(&contents) {}
+    // For a report: of longer lists only so many elements are written, and how many there are in all; -1: no limit.
+    ValueWriter(std::string& text, int longestList) : out(text), longest(longestList) {}
 
     // By the declaration of the parameter; tagged when the value is not as declared.
     void write(KUtils::KelmoPluginParameter& value, const KUtils::ParamDesc& desc, ListShape shape);
@@ -32,6 +35,7 @@ class ValueWriter {
     void mapChannels(KUtils::KelmoPluginParameter& value);
     bool writeShape(KUtils::KelmoPluginParameter& value, ListShape shape);
     bool cut(int index, int count);
+    bool canBeNamed(KUtils::PluginBase* plugin) const;
 
     template <class Numbers>
     void numbers(const Numbers* values, int count);
@@ -40,7 +44,8 @@ class ValueWriter {
     bool fromView(const KUtils::ListView<T>& view, int count);
 
     std::string& out;
-    int longest;
+    const SceneContents* scene = nullptr;
+    int longest = -1;
 };
 
 }  // namespace Offline

@@ -60,27 +60,36 @@ class FilePart {
 // Follows the nesting; false ends the reading.
 class Nesting : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Nesting> {
   public:
-    bool StartObject() { return enter(); }
-    bool StartArray() { return enter(); }
+    bool StartObject() {
+        if (depth_ == 2 && inList_) ++*current_;
+        return enter();
+    }
+    bool StartArray() {
+        if (depth_ == 1) inList_ = true;
+        return enter();
+    }
     bool EndObject(rapidjson::SizeType) { return leave(); }
     bool EndArray(rapidjson::SizeType) { return leave(); }
     bool Key(const char* text, rapidjson::SizeType length, bool) {
-        if (depth_ == 1 && std::string_view(text, length) == "asset") hasAsset_ = true;
+        if (depth_ == 1) current_ = &lists_[std::string(text, length)];
         return true;
     }
 
     bool tooDeep() const { return depth_ > MAX_JSON_DEPTH; }
-    bool hasAsset() const { return hasAsset_; }
+    std::map<std::string, unsigned>& lists() { return lists_; }
 
   private:
     bool enter() { return ++depth_ <= MAX_JSON_DEPTH; }
     bool leave() {
         --depth_;
+        if (depth_ == 1) inList_ = false;
         return true;
     }
 
     int depth_ = 0;
-    bool hasAsset_ = false;
+    bool inList_ = false;
+    std::map<std::string, unsigned> lists_;
+    unsigned* current_ = nullptr;
 };
 
 // The reader's reason as the end of a sentence: without its full stop, and beginning small.
@@ -100,7 +109,7 @@ JsonFacts checkJson(int descriptor, std::uint64_t offset, std::uint64_t bytes) {
     reader.Parse<rapidjson::kParseIterativeFlag>(part, nesting);
 
     JsonFacts facts;
-    facts.isAsset = nesting.hasAsset();
+    facts.lists = std::move(nesting.lists());
     if (nesting.tooDeep()) {
         facts.error = "its JSON is nested deeper than " + std::to_string(MAX_JSON_DEPTH) + " levels";
     } else if (reader.HasParseError()) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <string>
 
 namespace Translation {
@@ -10,8 +11,10 @@ namespace Translation {
 constexpr int MAX_JSON_DEPTH = 256;
 
 struct JsonFacts {
-    std::string error;     // empty: it is JSON; else the end of a sentence
-    bool isAsset = false;  // an object with a member "asset", as every glTF file is
+    std::string error;                      // empty: it is JSON; else the end of a sentence
+    std::map<std::string, unsigned> lists;  // the members of the outermost object: how many objects each lists
+
+    bool has(const char* member) const { return lists.count(member) != 0; }
 };
 
 JsonFacts checkJson(int descriptor, std::uint64_t offset, std::uint64_t bytes);

@@ -124,18 +124,18 @@ bool holdsAnything(const std::vector<Record>& records) {
 
 void translateScene(const Options& options, Report& report) {
     std::uint64_t bytes = 0;
-    SceneKind kind{};
+    SceneFacts facts;
     {
         const FileDescriptor file = openScene(options.scene, options.maxInputBytes, bytes);
-        kind = inspectScene(file.get(), options.scene, bytes);
+        facts = inspectScene(file.get(), options.scene, bytes);
     }
     const std::string fileName = options.scene.substr(options.scene.rfind('/') + 1);
     Assimp::Importer importer;
     SceneFolder& folder = *new SceneFolder(options.scene, options.maxInputBytes);
     importer.SetIOHandler(&folder);  // which owns it from here
-    const aiScene& scene = readWithReader(importer, options, kind, folder);
+    const aiScene& scene = readWithReader(importer, options, facts.kind, folder);
 
-    SceneConverter converter(scene, kind, folder, fileName, report);
+    SceneConverter converter(scene, facts, folder, fileName, report);
     std::vector<Record> records = converter.convert();
     if (!holdsAnything(records)) {
         throw Failure{Problem::damaged, "\"" + options.scene + "\" is damaged: it holds no mesh, light or camera."};

@@ -5,7 +5,7 @@
 
 namespace Translation {
 
-Report::Line::Line(Report& report, std::string_view event) : report_(report), line_("{") { text("event", event); }
+Report::Line::Line(Report& report, const char* event) : report_(report), line_("{") { text("event", event); }
 
 Report::Line::~Line() {
     line_ += "}\n";
@@ -19,7 +19,7 @@ void Report::Line::key(const char* name) {
     line_ += "\":";
 }
 
-Report::Line& Report::Line::text(const char* name, std::string_view value) {
+Report::Line& Report::Line::text(const char* name, const std::string& value) {
     key(name);
     appendText(line_, value);
     return *this;
@@ -27,7 +27,7 @@ Report::Line& Report::Line::text(const char* name, std::string_view value) {
 
 Report::Line& Report::Line::integer(const char* name, long long value) {
     key(name);
-    appendInteger(line_, value);
+    line_ += std::to_string(value);
     return *this;
 }
 

@@ -15,12 +15,12 @@ class Report {
     // the statement.
     class Line {
       public:
-        Line(Report& report, std::string_view event);
+        Line(Report& report, const char* event);
         Line(const Line&) = delete;
         Line& operator=(const Line&) = delete;
         ~Line();
 
-        Line& text(const char* key, std::string_view value);
+        Line& text(const char* key, const std::string& value);
         Line& integer(const char* key, long long value);
         Line& number(const char* key, double value);
         Line& nothing(const char* key);  // null

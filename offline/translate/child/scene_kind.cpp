@@ -63,14 +63,17 @@ std::uint32_t word(const std::string& text, std::size_t offset) {
     return value;
 }
 
-void checkGltfJson(int descriptor, const std::string& path, std::uint64_t offset, std::uint64_t bytes) {
-    const JsonFacts facts = checkJson(descriptor, offset, bytes);
+void checkGltfJson(int descriptor, const std::string& path, std::uint64_t offset, std::uint64_t bytes,
+                   SceneFacts& scene) {
+    JsonFacts facts = checkJson(descriptor, offset, bytes);
     if (!facts.error.empty()) damaged(path, facts.error);
-    if (!facts.isAsset) otherKind(path, "its JSON is not that of a glTF file");
+    if (!facts.has("asset")) otherKind(path, "its JSON is not that of a glTF file");
+    scene.materials = facts.lists["materials"];
+    scene.cameras = facts.lists["cameras"];
 }
 
 // A GLB file: a header of three words, then chunks, the first of them JSON.
-void checkGlb(int descriptor, const std::string& path, std::uint64_t bytes) {
+void checkGlb(int descriptor, const std::string& path, std::uint64_t bytes, SceneFacts& scene) {
     const std::string start = readAt(descriptor, 0, 20);
     if (start.compare(0, 4, "glTF") != 0) otherKind(path, "it is not a GLB file");
     if (start.size() < 20) damaged(path, "it ends within its header");
@@ -88,15 +91,16 @@ void checkGlb(int descriptor, const std::string& path, std::uint64_t bytes) {
         const std::uint64_t left = stated - place;
         if (left < 8 || word(head, 0) > left - 8) damaged(path, "a chunk reaches beyond its end");
         if (place == 12 && word(head, 4) != 0x4e4f534a) damaged(path, "its first chunk is not JSON");
-        if (place == 12) checkGltfJson(descriptor, path, place + 8, word(head, 0));
+        if (place == 12) checkGltfJson(descriptor, path, place + 8, word(head, 0), scene);
         place += 8 + std::uint64_t{word(head, 0)};
     }
 }
 
-void checkGltf(int descriptor, const std::string& path, std::uint64_t bytes, const std::string& start) {
+void checkGltf(int descriptor, const std::string& path, std::uint64_t bytes, const std::string& start,
+               SceneFacts& scene) {
     const std::size_t first = start.find_first_not_of(" \t\r\n");
     if (first == std::string::npos || start[first] != '{') otherKind(path, "it is not a glTF file");
-    checkGltfJson(descriptor, path, 0, bytes);
+    checkGltfJson(descriptor, path, 0, bytes, scene);
 }
 
 bool isObjKeyword(std::string_view text) {
@@ -129,15 +133,16 @@ const char* sceneKindName(SceneKind kind) {
     return "";
 }
 
-SceneKind inspectScene(int descriptor, const std::string& path, std::uint64_t bytes) {
-    const SceneKind kind = endingOf(path).kind;
+SceneFacts inspectScene(int descriptor, const std::string& path, std::uint64_t bytes) {
+    SceneFacts scene;
+    scene.kind = endingOf(path).kind;
     const std::string start = readAt(descriptor, 0, FIRST_BYTES);
-    switch (kind) {
+    switch (scene.kind) {
         case SceneKind::glb:
-            checkGlb(descriptor, path, bytes);
+            checkGlb(descriptor, path, bytes, scene);
             break;
         case SceneKind::gltf:
-            checkGltf(descriptor, path, bytes, start);
+            checkGltf(descriptor, path, bytes, start, scene);
             break;
         case SceneKind::fbx:
             if (start.substr(0, 1024).find("FBX") == std::string::npos) otherKind(path, "it is not an FBX file");
@@ -146,7 +151,7 @@ SceneKind inspectScene(int descriptor, const std::string& path, std::uint64_t by
             checkObj(path, start);
             break;
     }
-    return kind;
+    return scene;
 }
 
 }  // namespace Translation

@@ -1,10 +1,20 @@
 // How the numbers of the scene are meant, and the settings that every scene has.
+#include <cmath>
+
 #include "convert/scene_converter.h"
+#include "core/scene_file/numbers.h"
 
 namespace Translation {
 namespace {
 
-constexpr double METRES_PER_CENTIMETRE = 0.01;
+constexpr double CENTIMETRES_PER_METRE = 100;
+
+// The reader keeps with single precision what the file says with double: the shortest number that it can be.
+double asWritten(float number) {
+    char text[Offline::NUMBER_TEXT_BYTES];
+    double value = 0;
+    return Offline::readDouble(text, Offline::writeFloat(text, number), value) ? value : 0;
+}
 
 struct AxisRow {
     const char* name;
@@ -26,8 +36,8 @@ void SceneConverter::readFrame() {
         unitSource = upSource = "always so in glTF";
     } else if (kind_ == SceneKind::fbx && facts != nullptr) {
         float centimetres = 0;
-        if (facts->Get("UnitScaleFactor", centimetres) && centimetres > 0) {
-            frame_.metresPerUnit = static_cast<double>(centimetres) * METRES_PER_CENTIMETRE;
+        if (facts->Get("UnitScaleFactor", centimetres) && std::isfinite(centimetres) && centimetres > 0) {
+            frame_.metresPerUnit = asWritten(centimetres) / CENTIMETRES_PER_METRE;
             unitSource = "the settings of the file";
         }
         int32_t axis = -1;

@@ -34,10 +34,11 @@ float roughnessOfShininess(float shininess) {
 
 }  // namespace
 
-// The reader adds a material of its own, which nothing uses when the file names materials itself.
+// The reader adds a material of its own, for meshes without any; it is left out when no mesh needs it.
 bool SceneConverter::isStandInMaterial(unsigned index) const {
     for (unsigned i = 0; i < scene_.mNumMeshes; ++i) {
-        if (scene_.mMeshes[i]->mMaterialIndex == index) return false;
+        const aiMesh& mesh = *scene_.mMeshes[i];
+        if (mesh.mMaterialIndex == index && (mesh.mPrimitiveTypes & aiPrimitiveType_TRIANGLE) != 0) return false;
     }
     const std::string name = textOf(scene_.mMaterials[index]->GetName());
     return kind_ == SceneKind::obj ? index == 0 && name == AI_DEFAULT_MATERIAL_NAME

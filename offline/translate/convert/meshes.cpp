@@ -61,7 +61,7 @@ void writeCorners(SceneOutput& out, const IndexedValues<N>& list) {
     char before = '[';
     for (const std::uint32_t corner : list.corners()) {
         out.text() += before;
-        appendInteger(out.text(), corner);
+        appendNumber(out.text(), static_cast<int>(corner));
         out.drain();
         before = ',';
     }
@@ -75,7 +75,7 @@ void writeMapChannels(SceneOutput& out, const aiMesh& mesh, const std::vector<un
         if (first) out.param("map_channels");
         const IndexedValues<3> list = indexed(mesh.mTextureCoords[set], corners);
         out.text() += first ? "[{\"channel\":" : ",{\"channel\":";
-        appendInteger(out.text(), set);
+        appendNumber(out.text(), static_cast<int>(set));
         out.text() += ",\"vertices\":";
         writeValues(out, list);
         out.text() += ",\"faces\":";

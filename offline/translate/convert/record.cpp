@@ -14,7 +14,7 @@ void Record::flag(const char* param, bool value) { json(param, value ? "true" : 
 
 void Record::integer(const char* param, int value) {
     begin(param);
-    appendInteger(params_, value);
+    appendNumber(params_, value);
 }
 
 void Record::real(const char* param, float value) {
@@ -27,7 +27,7 @@ void Record::precise(const char* param, double value) {
     appendNumber(params_, value);
 }
 
-void Record::text(const char* param, std::string_view value) {
+void Record::text(const char* param, const std::string& value) {
     begin(param);
     appendText(params_, value);
 }

@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "convert/scene_output.h"
@@ -28,7 +27,7 @@ class Record {
     void integer(const char* param, int value);
     void real(const char* param, float value);
     void precise(const char* param, double value);
-    void text(const char* param, std::string_view value);
+    void text(const char* param, const std::string& value);
     void numbers(const char* param, const float* values, std::size_t count);
     void json(const char* param, std::string text);
     void refer(const char* param, const Reference& to);

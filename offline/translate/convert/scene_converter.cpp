@@ -7,9 +7,15 @@
 
 namespace Translation {
 
-SceneConverter::SceneConverter(const aiScene& scene, SceneKind kind, const SceneFolder& folder, std::string fileName,
-                               Report& report)
-    : scene_(scene), kind_(kind), folder_(folder), report_(report), fileName_(std::move(fileName)), names_(report) {}
+SceneConverter::SceneConverter(const aiScene& scene, const SceneFacts& facts, const SceneFolder& folder,
+                               std::string fileName, Report& report)
+    : scene_(scene),
+      facts_(facts),
+      kind_(facts.kind),
+      folder_(folder),
+      report_(report),
+      fileName_(std::move(fileName)),
+      names_(report) {}
 
 std::vector<Record> SceneConverter::convert() {
     if (scene_.mRootNode == nullptr) {
@@ -28,12 +34,26 @@ std::vector<Record> SceneConverter::convert() {
     addCameras();
     addSettings();
 
+    reportUnused();
+
     std::vector<Record> all;
     for (std::vector<Record>* part : {&settings_, &textures_, &materials_, &meshes_, &nodes_, &lights_, &cameras_}) {
         all.insert(all.end(), std::make_move_iterator(part->begin()), std::make_move_iterator(part->end()));
     }
-    if (scene_.mNumAnimations != 0) leftOut("animations", "an offline scene stands still");
     return all;
+}
+
+// The reader passes over what no node of a glTF file leads to.
+void SceneConverter::reportUnused() {
+    const auto report = [this](std::optional<unsigned> inFile, unsigned translated, const char* what) {
+        if (!inFile || *inFile <= translated) return;
+        leftOut(std::to_string(*inFile - translated) + " of " + std::to_string(*inFile) + " " + what,
+                "nothing in the file uses them");
+    };
+    const unsigned ofReader = scene_.mNumMaterials > 0 ? 1 : 0;  // its own, which stands last
+    report(facts_.materials, scene_.mNumMaterials - ofReader, "materials");
+    report(facts_.cameras, scene_.mNumCameras, "cameras");
+    if (scene_.mNumAnimations != 0) leftOut("animations", "an offline scene stands still");
 }
 
 void SceneConverter::leftOut(const std::string& what, const std::string& why) {

@@ -6,6 +6,7 @@
 
 #include <assimp/scene.h>
 
+#include <cstring>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -28,7 +29,7 @@ struct SceneFrame {
 class SceneConverter {
   public:
     // `fileName` is the scene's name without its folder.
-    SceneConverter(const aiScene& scene, SceneKind kind, const SceneFolder& folder, std::string fileName,
+    SceneConverter(const aiScene& scene, const SceneFacts& facts, const SceneFolder& folder, std::string fileName,
                    Report& report);
 
     // The records in the order in which they are written.
@@ -71,9 +72,11 @@ class SceneConverter {
     void addCameras();
     void carry(Record& record, const std::string& dccName);
 
+    void reportUnused();
     void leftOut(const std::string& what, const std::string& why);
 
     const aiScene& scene_;
+    SceneFacts facts_;
     SceneKind kind_;
     const SceneFolder& folder_;
     Report& report_;
@@ -92,11 +95,11 @@ class SceneConverter {
     std::unordered_map<std::string, std::string> normalMaps_;     // image to record
 };
 
-// The bytes of a name as the reader keeps it.
-inline std::string textOf(const aiString& text) { return std::string(text.data, text.length); }
+// A name as the reader keeps it; a zero byte ends it, as it does in a scene.
+inline std::string textOf(const aiString& text) { return std::string(text.data, strnlen(text.data, text.length)); }
 
 // A name, or `kind` for what the DCC did not name.
-inline std::string nameOr(const aiString& name, const char* kind) { return name.length == 0 ? kind : textOf(name); }
+inline std::string nameOr(const aiString& name, const char* kind) { return textOf(name).empty() ? kind : textOf(name); }
 
 // The JSON of a transform: three columns and the offset.
 std::string transformText(const aiMatrix4x4& matrix);

@@ -75,7 +75,7 @@ std::string SceneConverter::placement(const aiMaterial& material, aiTextureType 
     const float scale[3] = {transform.mScaling.x, transform.mScaling.y, 1};
     record.numbers("offset", offset, 3);
     record.numbers("scale", scale, 3);
-    record.real("rotation", static_cast<float>(transform.mRotation * DEGREES));
+    record.real("rotation", static_cast<float>(transform.mRotation * DEGREES) + 0.0f);
 
     const auto [entry, isNew] = placements_.try_emplace(record.params());
     if (!isNew) return entry->second;
@@ -118,7 +118,7 @@ std::string SceneConverter::image(const aiMaterial& material, aiTextureType type
 std::string SceneConverter::normalMap(const std::string& image) {
     const auto [entry, isNew] = normalMaps_.try_emplace(image);
     if (!isNew) return entry->second;
-    entry->second = names_.take(image + "@normal", "texture");
+    entry->second = names_.take(image.substr(0, image.rfind('@')) + "@normal", "texture");
     textures_.emplace_back(RecordKind::texture, "TexVector", entry->second, "").refer("color", {image, ""});
     return entry->second;
 }

@@ -18,12 +18,20 @@ constexpr char DEPRECATED_ROOT_VARIABLE[] = "KELMO_FOR_MAYA2020_MAIN_x64";
 constexpr char MISSING_ROOT[] = "<missing>";
 constexpr char PLUGIN_FILE[] = "/plug-ins/kelmoformaya.mll";
 
-// Frees the library and the record and leaves the module uninitialised.
-void discardState() {
+// Leaves the module uninitialised; the record that it had.
+SceneAccessState* takeState() {
     SceneAccessState* state = sceneAccessState;
     sceneAccessState = nullptr;
+    return state;
+}
+
+void freeState(SceneAccessState* state) { kelmo_free(state, sizeof(SceneAccessState)); }
+
+// Frees the library and the record and leaves the module uninitialised.
+void discardState() {
+    SceneAccessState* state = takeState();
     if (state->hostLibrary != nullptr) freeLibrary(state->hostLibrary);
-    kelmo_free(state, sizeof(SceneAccessState));
+    freeState(state);
 }
 
 // The two functions that are read before they are used, and the reserved field, stay as they were allocated.
@@ -116,6 +124,10 @@ bool startSceneAccess() {
         obtainHostObjects(*sceneAccessState);
     } catch (const SceneAccessProblem&) {
         discardState();
+        throw;
+    } catch (...) {
+        // What the library has raised can be of a type of its own, which must outlive the exception.
+        freeState(takeState());
         throw;
     }
     return true;

@@ -50,18 +50,12 @@ SharedText* readEnvironment(const char* name) {
 }
 
 LibraryHandle loadLib(const char* path, ErrorRecord** error) {
-    // The system's own conversion: bytes that are no UTF-8 become replacement characters.
-    const int length = MultiByteToWideChar(CP_UTF8, 0, path, -1, nullptr, 0);
-    const Buffer<wchar_t> widePath(length > 0 ? length : 0);
-    if (widePath.get() == nullptr) {
-        *error = makeErrorRecord("loadLib", ERROR_NOT_ENOUGH_MEMORY, nullptr, "LoadLibrary failed (%i): %s",
-                                 static_cast<int>(ERROR_NOT_ENOUGH_MEMORY), "");
-        return nullptr;
-    }
-    widePath.get()[0] = 0;
-    MultiByteToWideChar(CP_UTF8, 0, path, -1, widePath.get(), length);
-
-    LibraryHandle library = LoadLibraryW(widePath.get());
+    // A path of the bridge has at most 1023 bytes, and no text has more units than bytes. The system's own
+    // conversion: bytes that are no UTF-8 become replacement characters.
+    wchar_t widePath[1024] = {};
+    constexpr int capacity = sizeof widePath / sizeof widePath[0];
+    const bool converted = MultiByteToWideChar(CP_UTF8, 0, path, -1, widePath, capacity) > 0;
+    LibraryHandle library = converted ? LoadLibraryW(widePath) : nullptr;
     if (library == nullptr) {
         const DWORD code = GetLastError();
         char* reason = nullptr;

@@ -31,7 +31,7 @@ KelmoSettableParamInterface* settableOf(KelmoPluginParameter& value) {
 
 bool fillNewList(KelmoPluginParameter& list, GenericSettableListParam* generic, KelmoPluginParameter& source,
                  std::int32_t code) {
-    if (!fillList(settableOf(list), &list, source, code)) return false;
+    if (!fillList(settableOf(list), &list, source, code, generic)) return false;
     // Like every text without memory, one that cannot be copied is null.
     if (generic != nullptr) generic->keepPrivateTexts();
     return true;

@@ -43,9 +43,10 @@ constexpr int MAX_LIST_NESTING = 64;
 constexpr std::int64_t MAX_NESTED_ELEMENTS = std::int64_t{1} << 28;
 
 // Copies all elements of `source`, lists within it at the inner levels of `target`. False for a null settable or
-// target and for a source that is nested beyond the bounds; opened levels are then left open.
+// target, for a source that is nested beyond the bounds, and when `generic`, the target if it is a generic list, finds
+// no memory for one of its levels; opened levels are then left open.
 bool fillList(KelmoSettableParamInterface* settable, KelmoPluginParameter* target, KelmoPluginParameter& source,
-              std::int32_t code);
+              std::int32_t code, GenericSettableListParam* generic = nullptr);
 
 // True when a value of type PARAM_PLUGIN, or 1000 (a named output), may feed a texture parameter of type `code`:
 // the plugin offers the interface that the texture type reads, or declares the output with the matching type.

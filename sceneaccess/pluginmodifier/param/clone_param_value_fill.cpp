@@ -1,5 +1,6 @@
 // Copying values through the settable interface, element by element.
 #include "param/clone_param_value.h"
+#include "params/generic/generic_list_param.h"
 
 namespace KUtils {
 
@@ -13,11 +14,13 @@ Transform narrowed(const TraceTransform& wide) {
     return transform;
 }
 
-// One fill: what stays the same at all its levels.
+// One fill: what stays the same at all its levels. A generic list that finds no memory for a level stays at the one
+// before, where the values of the inner list would replace others; so the fill ends there.
 struct Fill {
     KelmoSettableParamInterface& settable;
     KelmoPluginParameter& target;
     KelmoPluginParameter& source;
+    GenericSettableListParam* generic;
     std::int64_t nestedElements;
 
     bool run(int level) {
@@ -25,6 +28,7 @@ struct Fill {
         if (level > 1 && count > 0) nestedElements += count;
         if (level > MAX_LIST_NESTING || nestedElements > MAX_NESTED_ELEMENTS) return false;
         settable.setCount(count);
+        if (generic != nullptr && generic->getCount(0.0) == -1) return false;
         for (int i = 0; i < count; ++i) {
             if (!isListAt(i)) {
                 copyElement(settable, source, i);
@@ -32,6 +36,7 @@ struct Fill {
             }
             const ListHandle sourceList = source.openListImpl(i);
             const ListHandle targetList = target.openListImpl(i);
+            if (generic != nullptr && targetList == 0) return false;
             if (!run(level + 1)) return false;
             source.closeList(sourceList);
             target.closeList(targetList);
@@ -82,9 +87,9 @@ void copyElement(KelmoSettableParamInterface& settable, KelmoPluginParameter& so
 }
 
 bool fillList(KelmoSettableParamInterface* settable, KelmoPluginParameter* target, KelmoPluginParameter& source,
-              std::int32_t) {
+              std::int32_t, GenericSettableListParam* generic) {
     if (settable == nullptr || target == nullptr) return false;
-    return Fill{*settable, *target, source, 0}.run(1);
+    return Fill{*settable, *target, source, generic, 0}.run(1);
 }
 
 }  // namespace KUtils

@@ -18,6 +18,12 @@ namespace KUtils::Python {
 
 namespace {
 
+// True when reading the type code cannot fail.
+bool hasExactCode(PyObject* tagged) {
+    PyObject* code = PyTuple_GET_ITEM(tagged, 0);
+    return PyInt_CheckExact(code) && PyInt_AS_LONG(code) == static_cast<std::int32_t>(PyInt_AS_LONG(code));
+}
+
 // The value object that cloneParamValue makes of a list value, on the fast road where that gives the same.
 OwnedValue cloneListValue(Plugin* plugin, const char* name, std::int32_t code, PyObject* tagged) {
     PyObject* list = PyTuple_GET_ITEM(tagged, 1);
@@ -25,7 +31,7 @@ OwnedValue cloneListValue(Plugin* plugin, const char* name, std::int32_t code, P
     OwnedValue value = makeListValue(plugin, name, code, &generic);
     if (value == nullptr) return nullptr;
     KelmoSettableParamInterface* settable = settableOf(*value);
-    if (settable != nullptr && PyInt_CheckExact(PyTuple_GET_ITEM(tagged, 0)) && PyList_CheckExact(list) &&
+    if (settable != nullptr && hasExactCode(tagged) && PyList_CheckExact(list) &&
         fastFill(*value, *settable, code, list))
         return value;
 
@@ -68,6 +74,8 @@ PyObject* setParam(const char* pluginName, const char* paramName, PyObject* valu
         const TakeConversionError take(conversionError);
         made = cloneValue(plugin, paramName, desc, value);
     }
+    // A conversion may have run the script's own code, and that may have ended the access.
+    ensureInitialized();
     if (made == nullptr)
         throwError("Invalid value given for parameter \\\"%s\\\" in plugin \\\"%s\\\".", paramName, pluginName);
 

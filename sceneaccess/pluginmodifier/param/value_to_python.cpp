@@ -90,14 +90,30 @@ class OpenedElement {
     ListHandle handle;
 };
 
+// One level of the interpreter's recursion, also when a foreign exception leaves it.
+class RecursionLevel {
+  public:
+    RecursionLevel() : entered(Py_EnterRecursiveCall(" while reading a parameter value") == 0) {}
+    RecursionLevel(const RecursionLevel&) = delete;
+    RecursionLevel& operator=(const RecursionLevel&) = delete;
+    ~RecursionLevel() {
+        if (entered) Py_LeaveRecursiveCall();
+    }
+    // False with a Python error pending: too deep.
+    explicit operator bool() const { return entered; }
+
+  private:
+    bool entered;
+};
+
 PyObject* nestedListToPython(KelmoPluginParameter& value, int count) {
-    if (Py_EnterRecursiveCall(" while reading a parameter value")) return nullptr;
+    const RecursionLevel level;
+    if (!level) return nullptr;
     PyObject* list = listToPython(value, count, [&value](int i) {
         const int elementCode = value.getType(i, TIME);
         const OpenedElement opened(value, i);
         return valueToPython(value, elementCode, i);
     });
-    Py_LeaveRecursiveCall();
     return makeTagged(PARAM_LIST, list);
 }
 

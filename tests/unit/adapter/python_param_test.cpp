@@ -4,6 +4,7 @@
 #include <string>
 
 #include "check.h"
+#include "expression.h"
 #include "frame/problem.h"
 #include "frame/py_ref.h"
 #include "param/nesting.h"
@@ -13,28 +14,6 @@ using namespace KUtils;
 using namespace KUtils::Python;
 
 namespace {
-
-// The object that a Python expression gives.
-PyRef python(const char* expression) {
-    static PyObject* names = PyDict_New();
-    if (PyDict_Size(names) == 0) {
-        PyDict_SetItemString(names, "__builtins__", PyEval_GetBuiltins());
-        const char* definitions =
-            "class Number(object):\n"
-            "    def __float__(self): return 1.5\n"
-            "    def __int__(self): return 7\n"
-            "class Broken(object):\n"
-            "    def __float__(self): raise ValueError('broken float')\n"
-            "    def __int__(self): raise ValueError('broken int')\n"
-            "class Pair(tuple): pass\n"
-            "class Items(list): pass\n";
-        Py_XDECREF(PyRun_String(definitions, Py_file_input, names, names));
-    }
-    PyRef object = PyRef::steal(PyRun_String(expression, Py_eval_input, names, names));
-    if (!object) PyErr_Print();
-    CHECK(static_cast<bool>(object));
-    return object;
-}
 
 // The pending error as "Type: text", taken away; empty when there is none.
 std::string takeError() {
@@ -426,12 +405,4 @@ TEST_CASE(nestingBounds) {
         CHECK(!hasBoundedNesting(list.get()));
         PyList_SetSlice(list.get(), 0, copies, nullptr);  // breaks the circle
     }
-}
-
-int main(int argc, char** argv) {
-    Py_NoSiteFlag = 1;
-    Py_Initialize();
-    const int result = check::run(argc, argv);
-    Py_Finalize();
-    return result;
 }

@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <memory>
 
+#include "check.h"
 #include "param/clone_param_value.h"
 #include "pointer_set/set_memory.h"
 #include "stub_plugin.h"
-#include "check.h"
 #include "tree_source.h"
 
 using namespace KUtils;

@@ -1,6 +1,8 @@
 #include "host/change_report.h"
 
+#include <algorithm>
 #include <cstring>
+#include <string>
 
 #include "core/scene_file/scene_file_api.h"
 #include "host/extra_scenes.h"
@@ -104,6 +106,19 @@ TEST_CASE(aLongListThatDiffersAtItsEndIsReported) {
     CHECK_TEXT(scene.changes().c_str(), "");
     before.values.back() = 2;
     CHECK(std::strstr(scene.changes().c_str(), "\"param\":\"ids\"") != nullptr);
+}
+
+TEST_CASE(aLongTextIsCutBetweenCharacters) {
+    RememberedScene scene;
+    // A quote and 119 characters of two bytes are 239 bytes: the next character does not fit whole.
+    std::string text;
+    for (int i = 0; i < 1000; ++i) text += "\xc3\xa9";
+    stub::String label("label", text.c_str());
+    CHECK(scene.find("a")->setParameter(&label) != 0);
+    const std::string expected = "\"new\":\"\\\"" + text.substr(0, 238) + "... 2002 bytes in all\"}\n";
+    const std::string changes = scene.changes();
+    CHECK(changes.size() > expected.size());
+    CHECK_TEXT(changes.substr(changes.size() - std::min(changes.size(), expected.size())).c_str(), expected.c_str());
 }
 
 TEST_CASE(forgettingForgetsAll) {

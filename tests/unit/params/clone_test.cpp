@@ -53,17 +53,6 @@ TEST_CASE(aNameIsCopiedOrBorrowed) {
     }
 }
 
-TEST_CASE(theNameStandsWhereTheRendererReadsIt) {
-    const Owned owning(classes[0].makeScalar("radius", true));
-    const char* bytes = reinterpret_cast<const char*>(owning.value);
-    std::uint32_t ownsName;
-    const char* name;
-    std::memcpy(&ownsName, bytes + 64, sizeof ownsName);
-    std::memcpy(&name, bytes + 72, sizeof name);
-    CHECK_EQ(ownsName, 1u);
-    CHECK(name == owning->getName());
-}
-
 TEST_CASE(aScalarsCloneHasTheValueAndStandsAlone) {
     const NothingLeft nothingLeft;
     for (const ValueClass& row : classes) {

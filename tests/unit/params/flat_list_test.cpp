@@ -227,13 +227,31 @@ TEST_CASE(theNamesOfAPluginListCatchUp) {
     settableOf(list).setPluginOutput(&describe::lamp, "out", 2, 0.0);
     CHECK_TEXT(describe::answers(list, 0).text, "no output");
     CHECK_TEXT(describe::answers(list, 2).text, "plugin lamp output out");
-    // An append that finds no room for the plugin leaves both arrays as they were.
-    settableOf(list).setCount(100);
-    test_allocator::refuse(1, true);
-    settableOf(list).setPluginOutput(&describe::sphere, "side", -1, 0.0);
-    CHECK_EQ(list.getCount(0.0), 100);
-    test_allocator::reset();
-    settableOf(list).setPluginOutput(&describe::sphere, "side", -1, 0.0);
-    CHECK_TEXT(describe::answers(list, 100).text, "plugin sphere output side");
+    // Names of an earlier, larger count do not come back for the plugins in between.
+    settableOf(list).setPluginOutput(&describe::lamp, "old", 1, 0.0);
+    settableOf(list).setCount(1);
+    test_allocator::refuse(2, false);
+    settableOf(list).setCount(150);
+    settableOf(list).setPluginOutput(&describe::lamp, "out", 2, 0.0);
+    CHECK_TEXT(describe::answers(list, 1).text, "no output");
     CHECK_TEXT(describe::answers(list, 2).text, "plugin lamp output out");
+}
+
+TEST_CASE(aPluginThatFindsNoRoomLeavesNoName) {
+    for (bool fromThenOn : {false, true}) {
+        for (int nth : {1, 2}) {
+            const NothingLeft nothingLeft;
+            DefPluginListParam list("a", false);
+            settableOf(list).setCount(100);
+            settableOf(list).setPluginOutput(&describe::lamp, "out", 2, 0.0);
+            test_allocator::refuse(nth, fromThenOn);
+            settableOf(list).setPluginOutput(&describe::sphere, "side", -1, 0.0);
+            CHECK_EQ(list.getCount(0.0), 100);
+            CHECK_TEXT(describe::answers(list, 100).text, "");
+            test_allocator::refuse(1000, false);
+            settableOf(list).setPluginOutput(&describe::sphere, "side", -1, 0.0);
+            CHECK_TEXT(describe::answers(list, 100).text, "plugin sphere output side");
+            CHECK_TEXT(describe::answers(list, 2).text, "plugin lamp output out");
+        }
+    }
 }

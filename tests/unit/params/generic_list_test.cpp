@@ -1,16 +1,11 @@
-// The generic list: what each setter stores and each getter answers, what stays when a type changes, texts.
-#include <cstring>
-
+// The generic list: what each setter stores and each getter answers, counts and the cursor.
 #include "check.h"
 #include "setters.h"
-#include "test_allocator.h"
 #include "value_classes.h"
 
 using namespace value_classes;
 
 namespace {
-
-const char* const null = nullptr;
 
 struct SetterRow {
     int type;             // getType after the setter
@@ -84,73 +79,6 @@ TEST_CASE(everySetterWritesAnElement) {
             CHECK_EQ(value.getVectorList(0.0).count + value.getColorList(0.0).count, 0);
         }
     }
-}
-
-// A setter over a value changes the type; the payload stays, and is read only as far as it goes.
-TEST_CASE(aTypeThatChangesKeepsThePayload) {
-    struct Row {
-        const char* label;
-        int first, second;
-        const char* answers;
-    };
-    const Row rows[] = {
-        {"int over int", setters::SetBool, setters::SetInt, "int 1 true"},
-        {"int over float", setters::SetFloat, setters::SetInt, "int 1076887552 true"},
-        {"float over int", setters::SetBool, setters::SetFloat, "float 1.4013e-45 double 1.4013e-45 acolor"},
-        {"int over double", setters::SetDouble, setters::SetInt, ""},
-        {"double over int: too short", setters::SetInt, setters::SetDouble, ""},
-        {"color over vector", setters::SetVector, setters::SetColor, "double 8 color 7,8,9 acolor 7,8,9,1"},
-        {"acolor over int: too short", setters::SetInt, setters::SetAColor, ""},
-        {"acolor over color: too short", setters::SetColor, setters::SetAColor, ""},
-        {"color over acolor", setters::SetAColor, setters::SetColor, "double 5 color 4,5,6 acolor 4,5,6,1"},
-        {"matrix over transform", setters::SetTransform, setters::SetMatrix, "matrix 21,22,23/24,25,26/27,28,29"},
-        {"transform over matrix: too short", setters::SetMatrix, setters::SetTransform, ""},
-        {"vector over matrix", setters::SetMatrix, setters::SetVector, "vector 11,12,13"},
-        {"text over double: no address", setters::SetDouble, setters::SetString, ""},
-        {"text over plugin: no text", setters::SetPlugin, setters::SetString, ""},
-        {"text over text", setters::SetString, setters::SetString, "string new"},
-        {"plugin over matrix: no address", setters::SetMatrix, setters::SetPlugin, "no output"},
-        {"plugin over text: no plugin", setters::SetString, setters::SetPluginOutput, "no output"},
-        {"plugin over plugin", setters::SetPlugin, setters::SetPluginOutput, "plugin sphere no output"},
-    };
-    const NothingLeft nothingLeft;
-    for (const Row& row : rows) {
-        CHECK_ROW(row.label);
-        GenericSettableListParam value("anything");
-        setters::all[row.first].apply(settableOf(value), 0);
-        setters::all[row.second].apply(settableOf(value), 0);
-        CHECK_EQ(static_cast<int>(value.getType(0, 0.0)), setterRows[row.second].type);
-        const describe::Line line = describe::answers(value, 0);
-        if (row.first == setters::SetBool && row.second == setters::SetFloat) {
-            // The spelling of so small a number differs between systems.
-            CHECK_EQ(value.getFloat(0, 0.0) > 0.0f && value.getFloat(0, 0.0) < 1e-44f, true);
-        } else {
-            CHECK_TEXT(line.text, row.answers);
-        }
-    }
-}
-
-TEST_CASE(anIntOverAListKeepsTheListInMemoryOnly) {
-    const NothingLeft nothingLeft;
-    GenericSettableListParam value("anything");
-    KelmoSettableParamInterface& settable = settableOf(value);
-    settable.setCount(1);
-    CHECK(value.openList(0) != 0);
-    settable.setCount(4);
-    settable.setFloat(1.5f, 3, 0.0);
-    value.closeList(0);
-    settable.setInt(5, 0, 0.0);
-    CHECK_EQ(static_cast<int>(value.getType(0, 0.0)), 0);
-    CHECK_TEXT(describe::answers(value, 1).text, "");
-    CHECK(value.openList(0) != 0);
-    CHECK_EQ(value.getCount(0.0), -1);
-    settable.setString("text", 0, 0.0);
-    CHECK(value.getString(0, 0.0) == nullptr);
-    settable.setPlugin(&describe::lamp, 0, 0.0);
-    CHECK(value.getPlugin(0, 0.0, nullptr) == nullptr);
-    settable.setCount(2);  // released, and a new list
-    CHECK_EQ(value.getCount(0.0), 2);
-    CHECK_EQ(static_cast<int>(value.getType(1, 0.0)), 10000);
 }
 
 TEST_CASE(countsOfAGenericList) {
@@ -277,56 +205,4 @@ TEST_CASE(theDepthOfAGenericListFallsBelowZero) {
     CHECK(value.openList(1) != 0);
     CHECK_EQ(value.getCount(0.0), -1);
     CHECK_EQ(value.getInt(0, 0.0), 5);
-}
-
-TEST_CASE(textsAreTheGiversUntilTheyAreKept) {
-    const NothingLeft nothingLeft;
-    GenericSettableListParam value("anything");
-    KelmoSettableParamInterface& settable = settableOf(value);
-    char outer[] = "outer";
-    char inner[] = "inner";
-    const char* output = "out";
-    settable.setCount(4);
-    settable.setString(outer, 0, 0.0);
-    settable.setString(nullptr, 1, 0.0);
-    settable.setPluginOutput(&describe::lamp, output, 3, 0.0);
-    value.openList(2);
-    settable.setCount(1);
-    settable.setString(inner, 0, 0.0);
-    CHECK(value.getString(0, 0.0) == inner);
-    value.closeList(0);
-    CHECK(value.getString(0, 0.0) == outer);
-
-    CHECK(value.keepPrivateTexts());
-    CHECK(value.keepPrivateTexts());  // a second time changes nothing
-    std::memset(outer, 'x', sizeof outer - 1);
-    std::memset(inner, 'x', sizeof inner - 1);
-    CHECK_TEXT(value.getString(0, 0.0), "outer");
-    CHECK(value.getString(1, 0.0) == null);
-    value.openList(2);
-    CHECK_TEXT(value.getString(0, 0.0), "inner");
-    value.closeList(0);
-    const char* kept = nullptr;
-    CHECK(value.getPlugin(3, 0.0, &kept) == &describe::lamp);
-    CHECK(kept == output);
-    settable.setCount(300);  // a kept text moves with its record
-    CHECK_TEXT(value.getString(0, 0.0), "outer");
-
-    GenericSettableListParam scalar("anything");
-    settableOf(scalar).setString(outer, 0, 0.0);
-    CHECK(scalar.keepPrivateTexts());
-    CHECK(scalar.getString(0, 0.0) != outer);
-    CHECK_TEXT(scalar.getString(0, 0.0), "xxxxx");
-}
-
-TEST_CASE(aVeryDeepTreeIsFreedWithoutAStack) {
-    const NothingLeft nothingLeft;
-    GenericSettableListParam value("anything");
-    for (int i = 0; i < 200000; ++i) {
-        settableOf(value).setCount(1);
-        CHECK(value.openList(0) != 0);
-    }
-    settableOf(value).setString("bottom", 0, 0.0);
-    CHECK(value.keepPrivateTexts());
-    CHECK_TEXT(value.getString(0, 0.0), "bottom");
 }

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <vector>
 
+#include "check.h"
 #include "model_set.h"
 #include "pointer_set/owned_values.h"
 #include "pointer_set/pointer_hash.h"
 #include "set_memory.h"
-#include "check.h"
 
 using KUtils::PointerHash;
 using KUtils::PointerSet;

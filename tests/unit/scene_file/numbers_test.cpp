@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 
@@ -197,12 +198,12 @@ TEST_CASE(noShorterTextComesBack) {
                 point += fraction ? 0 : 1;
             }
         }
-        if (exponentAt != std::string::npos) point += std::stol(text.substr(exponentAt + 1));
+        if (exponentAt != std::string::npos) point += std::strtol(text.c_str() + exponentAt + 1, nullptr, 10);
         while (digits.size() > 1 && digits[0] == '0') digits.erase(0, 1), --point;
         while (digits.size() > 1 && digits.back() == '0') digits.pop_back();
         if (digits.size() < 2) continue;
         // Both neighbours with one digit less.
-        const std::uint64_t less = std::stoull(digits.substr(0, digits.size() - 1));
+        const std::uint64_t less = std::strtoull(digits.substr(0, digits.size() - 1).c_str(), nullptr, 10);
         for (std::uint64_t candidate : {less, less + 1}) {
             const long exponent = point - static_cast<long>(digits.size()) + 1;
             float back = 0.0f;

@@ -1,4 +1,5 @@
 // Saving to a file: the old content stays whatever happens; reading in pieces; and short texts of values.
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <string>

@@ -8,12 +8,14 @@
 #undef isnan
 #undef isnormal
 extern "C++" {
-#define CLASSIFICATION(name)                                                                     \
-    inline bool name(float value) { return __builtin_##name(value); }                            \
-    inline bool name(double value) { return __builtin_##name(value); }                           \
-    inline bool name(long double value) { return __builtin_##name(value); }                      \
+#define CLASSIFICATION(name)                                                                                    \
+    inline bool name(float value) { return __builtin_##name(value); }                                           \
+    inline bool name(double value) { return __builtin_##name(value); }                                          \
+    inline bool name(long double value) { return __builtin_##name(value); }                                     \
     template <class Integer, class = decltype((double)Integer()), bool = Integer(1) / Integer(2) == Integer(0)> \
-    inline bool name(Integer value) { return name((double)value); }
+    inline bool name(Integer value) {                                                                           \
+        return name((double)value);                                                                             \
+    }
 CLASSIFICATION(isfinite)
 CLASSIFICATION(isinf)
 CLASSIFICATION(isnan)

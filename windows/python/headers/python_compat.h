@@ -1,12 +1,12 @@
 /* Included before every file of the interpreter: the few things that Wine's C headers spell otherwise than
  * the headers that Python 2.7 was written for. With it the upstream sources build unchanged. */
-#include <string.h>
-#include <stdlib.h>
-#include <stdio.h>
 #include <math.h>
-#include <time.h>
-#include <sys/timeb.h>  /* a member is called timezone: before the macro */
 #include <process.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/timeb.h> /* a member is called timezone: before the macro */
+#include <time.h>
 
 /* Wine always means the newer C run-time's streams; msvcr90 has an array. */
 #undef stdin
@@ -26,12 +26,12 @@
 
 /* Data of the C run-time: Wine declares these without dllimport, and they would name a jump instruction.
  * The functions that return their addresses are there. */
-long *__cdecl __p__timezone(void);
-int *__cdecl __p__daylight(void);
-char **__cdecl __p__tzname(void);
-char ***__cdecl __p__environ(void);
-int *__cdecl __sys_nerr(void);
-char **__cdecl __sys_errlist(void);
+long* __cdecl __p__timezone(void);
+int* __cdecl __p__daylight(void);
+char** __cdecl __p__tzname(void);
+char*** __cdecl __p__environ(void);
+int* __cdecl __sys_nerr(void);
+char** __cdecl __sys_errlist(void);
 #define timezone (*__p__timezone())
 #define daylight (*__p__daylight())
 #define tzname (__p__tzname())

@@ -1,0 +1,104 @@
+# -*- coding: utf-8 -*-
+"""_setParam on lists: every flat list, nested and generic ones, lists inside themselves."""
+from all_kinds import AllKindsTest, PARAMS, TEXTURES
+
+MATRIX = ((1.0, 2.0, 3.0), (4.0, 5.0, 6.0), (7.0, 8.0, 9.0))
+IDENTITY_OFFSET = (0.0, 0.0, 0.0)
+
+class ListsTest(AllKindsTest):
+
+    def testEveryFlatList(self):
+        elements = {'ints': ([(0, 1), (1, 2.7), (9, 'x'), (3, True)], (0, [1, 2, 0, 1])),
+                    'floats': ([(1, 0.5), (0, 2), (4, (1, 2, 3))], (1, [0.5, 2.0, 0.0])),
+                    'doubles': ([(2, 0.1), (0, 2)], (2, None)),
+                    'vectors': ([(4, (1, 2, 3)), (5, (1, 2, 3))], (4, [(1.0, 2.0, 3.0), (0.0, 0.0, 0.0)])),
+                    'colors': ([(5, (1, 2, 3)), (6, ((4, 5, 6), 7))], (5, [(1.0, 2.0, 3.0), (4.0, 5.0, 6.0)])),
+                    'acolors': ([(6, ((1, 2, 3), 4)), (5, (5, 6, 7))],
+                                (6, [(1.0, 2.0, 3.0, 4.0), (5.0, 6.0, 7.0, 1.0)])),
+                    'matrixs': ([(7, MATRIX), (8, (MATRIX, (1, 2, 3)))], (7, [MATRIX, MATRIX])),
+                    'transforms': ([(8, (MATRIX, (1, 2, 3))), (7, MATRIX)],
+                                   (8, [(MATRIX, (1.0, 2.0, 3.0)), (MATRIX, IDENTITY_OFFSET)])),
+                    'strings': ([(9, 'a'), (9, 'b\0c'), (0, 5)], (9, ['a', 'b', ''])),
+                    'plugins': ([(10, 'all'), (1000, ('other', 'color')), (0, 5)],
+                                (10, ['all', ('other', 'color'), None]))}
+        for param in sorted(elements):
+            given, expected = elements[param]
+            if param == 'doubles':
+                expected = (2, [0.1, 2.0])
+            self.assertEqual((param, self.setParam(param, (0, given))), (param, repr(expected)))
+            self.assertEqual(self.setParam(param, (0, [])), repr((expected[0], [])))
+        self.assertInvalid('bools', (3, [(3, True)]))
+        self.assertInvalid('bools', (3, []))
+
+    def testListsOfTexturesAreListsOfReferences(self):
+        for kind in TEXTURES:
+            # Whatever the plugin offers: elements are not checked.
+            self.module._setParam('all', kind + 's', (10, [(10, 'plain'), (1000, ('other', 'color'))]))
+            self.assertEqual(self.module._getPluginParams('all', 1)[-1], kind + 's')
+
+    def testASingleValueForAList(self):
+        for param in sorted(PARAMS):
+            if param.endswith('s'):
+                self.assertInvalid(param, (0, 5))
+                self.assertInvalid(param, (0, ((0, 5),)))
+
+    def testNestedListsInAFlatList(self):
+        for given, expected in (([(0, 1), (0, [(0, 2), (0, 3)]), (0, 4)], [2, 3, 4]),
+                                ([(0, 1), (0, [(0, 2), (0, 3), (0, 4), (0, 5)]), (0, 6)], [2, 3, 6, 5]),
+                                ([(0, [(0, 1), (0, 2)]), (0, [(0, 3)])], [3])):
+            self.assertEqual(self.setParam('ints', (0, given)), repr((0, expected)))
+
+    def testGenericLists(self):
+        for given, expected in (
+                ([], '(12, [])'),
+                ([(0, 1), (12, [(1, 2.5), (9, 'a')]), (3, True), (11, 'p')],
+                 "(12, [(0, 1), (12, [(1, 2.5), (9, 'a')]), (0, 1), <NULL>])"),
+                ([(2, 0.1), (10, 'other'), (1000, ('other', 'color'))],
+                 "(12, [(1, 0.1), (10, 'other'), (1000, ('other', 'color'))])"),
+                ([(12, [(12, [(12, [])])])], '(12, [(12, [(12, [(12, [])])])])'),
+                ([(1001, 'other')], '(12, [None])'),
+                ([(5, (1, 2, 3)), (6, ((1, 2, 3), 4))], '(12, [(5, (1.0, 2.0, 3.0)), (6, (1.0, 2.0, 3.0, 4.0))])')):
+            self.assertEqual(self.setParam('anys', (12, given)), expected)
+
+    def testTextsOfAGenericListOutliveTheScript(self):
+        self.module._setParam('all', 'anys', (12, [(9, ''.join(['kept', str(i)])) for i in range(100)]))
+        [''.join(['lost', str(i)]) for i in range(1000)]
+        self.assertEqual(self.module._getParam('all', 'anys'), (12, [(9, 'kept%d' % i) for i in range(100)]))
+
+    def testFastAndSlowRoadsGiveTheSame(self):
+        class Items(list):
+            pass
+        rows = {'ints': [0, 1, -2 ** 31, 2 ** 31 - 1], 'floats': [0.5, 3, 1e300], 'doubles': [0.1, 3],
+                'vectors': [(1, 2.5, 3), (1, 2, 3, 4)], 'colors': [(1, 2.5, 3)], 'acolors': [((1, 2.5, 3), 4)],
+                'matrixs': [MATRIX], 'transforms': [(MATRIX, (0.1, 2, 3))], 'strings': ['a', '', 'b\0c']}
+        for param in sorted(rows):
+            code = PARAMS[param][0]
+            fast = [(code, value) for value in rows[param]]
+            self.assertEqual((param, self.setParam(param, (code, fast))),
+                             (param, self.setParam(param, (code, Items(fast)))))
+
+
+class CyclesTest(AllKindsTest):
+
+    def testAListInsideItself(self):
+        cycle = []
+        cycle.append((12, cycle))
+        branching = []
+        branching.extend([(12, branching)] * 2)
+        late = [(0, n) for n in range(1000)]
+        late.append((12, [(12, late)]))
+        doubling = [(0, 1)]
+        for _ in range(50):
+            doubling = [(12, doubling), (12, doubling)]
+        for value in (cycle, branching, late, doubling):
+            self.assertInvalid('anys', (12, value))
+            self.assertInvalid('ints', (12, value))
+        for value in (cycle, branching, late):
+            del value[:]
+
+    def testSixtyFourLevels(self):
+        value = [(0, 1)]
+        for _ in range(63):
+            value = [(12, value)]
+        self.assertEqual(self.setParam('anys', (12, value)), repr((12, value)))
+        self.assertInvalid('anys', (12, [(12, value)]))
