@@ -7,15 +7,17 @@ namespace KUtils::Python {
 
 namespace {
 
-// A long list's elements are far apart, and each is on its way while those before it are read.
+// The elements of a long list are in no cache: each is on its way while those before it are read.
+constexpr int LONG_LIST = 20000;
 constexpr int ELEMENTS_AHEAD = 16;
 
 // Reads every element and hands it to `store(value, index)`.
 template <class T, class Store>
 bool readAll(PyObject* list, std::int32_t code, Store store) {
     const auto count = static_cast<int>(PyList_GET_SIZE(list));
+    ExactTag tag(code);
     for (int i = 0; i < count; ++i) {
-        PyObject* value = exactTagged(PyList_GET_ITEM(list, i), code);
+        PyObject* value = tag.valueOf(PyList_GET_ITEM(list, i));
         T read;
         if (value == nullptr || !readExact(value, read)) return false;
         store(read, i);
@@ -27,9 +29,11 @@ bool readAll(PyObject* list, std::int32_t code, Store store) {
 template <class T>
 bool readInto(const ListView<T>& array, PyObject* list, std::int32_t code) {
     if (array.count != PyList_GET_SIZE(list)) return false;
+    const int fetchedAhead = array.count < LONG_LIST ? 0 : array.count - ELEMENTS_AHEAD;
+    ExactTag tag(code);
     for (int i = 0; i < array.count; ++i) {
-        if (i + ELEMENTS_AHEAD < array.count) PREFETCH(PyList_GET_ITEM(list, i + ELEMENTS_AHEAD));
-        PyObject* value = exactTagged(PyList_GET_ITEM(list, i), code);
+        if (i < fetchedAhead) PREFETCH(PyList_GET_ITEM(list, i + ELEMENTS_AHEAD));
+        PyObject* value = tag.valueOf(PyList_GET_ITEM(list, i));
         // In place: what is half read is written anew by the walk.
         if (value == nullptr || !readExact(value, array.data[i])) return false;
     }

@@ -12,7 +12,7 @@ constexpr bool OWNS_NAME = true;
 
 template <class Class, class Element>
 bool make(const char* name, long tag, PyObject* tagged, OwnedValue& value) {
-    PyObject* object = exactTagged(tagged, tag);
+    PyObject* object = ExactTag(tag).valueOf(tagged);
     Element read;
     if (object == nullptr || !readExact(object, read)) return false;
     value = OwnedValue(new Class(name, read, OWNS_NAME));

@@ -69,11 +69,23 @@ inline bool readExact(PyObject* object, const char*& text) {
     return true;
 }
 
-// The value of an object that is exactly (code, value), else null.
-inline PyObject* exactTagged(PyObject* object, long code) {
-    if (!PyTuple_CheckExact(object) || PyTuple_GET_SIZE(object) != 2) return nullptr;
-    PyObject* tag = PyTuple_GET_ITEM(object, 0);
-    return PyInt_CheckExact(tag) && PyInt_AS_LONG(tag) == code ? PyTuple_GET_ITEM(object, 1) : nullptr;
-}
+// Takes (code, value) pairs of one code apart.
+class ExactTag {
+  public:
+    explicit ExactTag(long wanted) : code(wanted) {}
+
+    // The value of an object that is exactly (code, value), else null.
+    PyObject* valueOf(PyObject* object) {
+        if (!PyTuple_CheckExact(object) || PyTuple_GET_SIZE(object) != 2) return nullptr;
+        PyObject* tag = PyTuple_GET_ITEM(object, 0);
+        if (tag != known && !(PyInt_CheckExact(tag) && PyInt_AS_LONG(tag) == code)) return nullptr;
+        known = tag;
+        return PyTuple_GET_ITEM(object, 1);
+    }
+
+  private:
+    long code;
+    PyObject* known = nullptr;  // a tag with the code: Python has one object for each small number
+};
 
 }  // namespace KUtils::Python
