@@ -1,5 +1,6 @@
 # -*- coding: utf-8 -*-
 """_setParam on single values: every kind on every kind of parameter, references, arguments."""
+import offlinehost
 from all_kinds import AllKindsTest, SINGLE_KINDS, TEXTURES
 
 MATRIX = ((1.0, 2.0, 3.0), (4.0, 5.0, 6.0), (7.0, 8.0, 9.0))
@@ -52,6 +53,22 @@ class SingleValuesTest(AllKindsTest):
         for code in (-1, 11, 12, 13, 14, 15, 16, 17, 18, 999, 1001, 1002, 1003, 1004, 1005, 1006, 10000, 2 ** 31 - 1):
             for kind, _ in SINGLE_KINDS:
                 self.assertInvalid(kind, (code, 'other'))
+
+    def testFastAndSlowRoadsGiveTheSame(self):
+        class Pair(tuple):
+            pass
+        rows = {0: [0, -2 ** 31, 2 ** 31 - 1], 1: [0.5, 3, 1e300, 2 ** 60, 0.1], 4: [(1, 2.5, 3), (1.0, 2.0, 3.0, 4.0)],
+                5: [(1, 2.5, 3), (0.1, 0.2, 0.3)]}
+        targets = {0: ('int', 'bool', 'texture_int', 'float'), 1: ('float', 'texture_float', 'double', 'int'),
+                   4: ('vector', 'texture_vector'), 5: ('color', 'texture', 'acolor')}
+        for code in sorted(rows):
+            for param in targets[code]:
+                for value in rows[code]:
+                    # As it is read back, and as it is saved.
+                    given = (code, value)
+                    fast = self.setParam(param, given), offlinehost.text()
+                    slow = self.setParam(param, Pair(given)), offlinehost.text()
+                    self.assertEqual((param, given, fast), (param, given, slow))
 
     def testNumbersConvertOneWay(self):
         for param, value, expected in (
