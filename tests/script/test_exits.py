@@ -1,5 +1,6 @@
 """Starting and ending in every order, the interpreter's end with values alive, and a call from a second thread."""
 import json
+import os
 import threading
 import unittest
 
@@ -40,7 +41,8 @@ ENDINGS = [
      dict(NEVER_ENDED, accesses_open=2)),
     ('a script that fails', 'm._delete("nobody")', 1, '', NEVER_ENDED),
     ('a script that leaves', 'sys.exit(3)', 3, '', NEVER_ENDED),
-    ('a script that leaves at once', 'os._exit(4)', 4, '', ''),
+    # On Windows a library's end is told to it even then.
+    ('a script that leaves at once', 'os._exit(4)', 4, '', '' if os.name == 'posix' else NEVER_ENDED),
     ('results that are kept', 'kept = [m._getParam("clay", "color"), m._findByName("*"), m._setParam]', 0, '', NEVER_ENDED),
     ('results in a cycle', 'kept = m._findByName("*"); kept.append(kept)', 0, '', NEVER_ENDED),
     ('the module is forgotten', 'del m, sys.modules["kelmo.pluginmodifier"], sys.modules["kelmo"]; '
