@@ -46,7 +46,8 @@ ENDINGS = [
     ('results that are kept', 'kept = [m._getParam("clay", "color"), m._findByName("*"), m._setParam]', 0, '', NEVER_ENDED),
     ('results in a cycle', 'kept = m._findByName("*"); kept.append(kept)', 0, '', NEVER_ENDED),
     ('the module is forgotten', 'del m, sys.modules["kelmo.pluginmodifier"], sys.modules["kelmo"]; '
-     'from kelmo import pluginmodifier as m; m._setParam("node", "tag", (9, "more")); print m._getParam("node", "tag")',
+     'from kelmo import pluginmodifier as m; m._setParam("node", "tag", (9, "more")); '
+     'print m._getParam("node", "tag")',
      0, "(9, 'more')\n", NEVER_ENDED),
     ('the module is loaded again', 'reload(m); print m._getParam("node", "tag")', 0, "(9, 'some text')\n", NEVER_ENDED),
     ('calls at the interpreter\'s end', 'atexit.register(lambda: sys.stdout.write(m._getPluginType("clay")))', 0,
