@@ -69,7 +69,8 @@ class UnreadableFilesTest(FilesTest):
 
     def testFilesThatHoldNoScene(self):
         for text in ('', '\n', ' ', '\0', '{}', '[]', 'null', '{"kelmo-scene":2}', '{"kelmo-scene":"1"}\n',
-                     '\xff\xfe{\0', '\xef\xbb\xbf', '{"kelmo-scene":1', '{"type":"TestThing","name":"thing"}\n', '<scene/>',
+                     '\xff\xfe{\0', '\xef\xbb\xbf',
+                     '{"kelmo-scene":1', '{"type":"TestThing","name":"thing"}\n', '<scene/>',
                      '\x1f\x8b\x08\0\0\0\0\0', '[' * 100000):
             path = self.write('none.kscene', text)
             self.assertIn(path, self.failure([path]), repr(text[:40]))
