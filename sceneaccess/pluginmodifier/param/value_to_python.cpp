@@ -70,12 +70,12 @@ PyObject* flatList(KelmoPluginParameter& value, int count) {
 
 using ListConverter = PyObject* (*)(KelmoPluginParameter& value, int count);
 
-constexpr ListConverter listConverters[] = {
+constexpr ListConverter listElementConverters[] = {
     flatList<intElement>,       flatList<floatElement>,  flatList<doubleElement>, flatList<boolElement>,
     flatList<vectorElement>,    flatList<colorElement>,  flatList<acolorElement>, flatList<matrixElement>,
     flatList<transformElement>, flatList<stringElement>, flatList<pluginElement>,
 };
-constexpr int CONVERTER_COUNT = sizeof listConverters / sizeof *listConverters;
+constexpr int CONVERTER_COUNT = sizeof listElementConverters / sizeof *listElementConverters;
 
 // Opens an element of a value for as long as it is looked at.
 class OpenedElement {
@@ -119,7 +119,7 @@ PyObject* nestedListToPython(KelmoPluginParameter& value, int count) {
 
 PyObject* typedListToPython(KelmoPluginParameter& value, int code, int count) {
     if (code < 0 || code >= CONVERTER_COUNT) return newNone();
-    return makeTagged(code, listConverters[code](value, count));
+    return makeTagged(code, listElementConverters[code](value, count));
 }
 
 PyObject* referenceToPython(KelmoPluginParameter& value, int index) {
