@@ -1,5 +1,6 @@
 """Starting and ending in every order, the interpreter's end with values alive, and a call from a second thread."""
 import json
+import os
 import threading
 import unittest
 
@@ -40,11 +41,14 @@ ENDINGS = [
      dict(NEVER_ENDED, accesses_open=2)),
     ('a script that fails', 'm._delete("nobody")', 1, '', NEVER_ENDED),
     ('a script that leaves', 'sys.exit(3)', 3, '', NEVER_ENDED),
-    ('a script that leaves at once', 'os._exit(4)', 4, '', ''),
-    ('results that are kept', 'kept = [m._getParam("clay", "color"), m._findByName("*"), m._setParam]', 0, '', NEVER_ENDED),
+    # On Windows a library's end is told to it even then.
+    ('a script that leaves at once', 'os._exit(4)', 4, '', '' if os.name == 'posix' else NEVER_ENDED),
+    ('results that are kept', 'kept = [m._getParam("clay", "color"), m._findByName("*"), m._setParam]', 0, '',
+     NEVER_ENDED),
     ('results in a cycle', 'kept = m._findByName("*"); kept.append(kept)', 0, '', NEVER_ENDED),
     ('the module is forgotten', 'del m, sys.modules["kelmo.pluginmodifier"], sys.modules["kelmo"]; '
-     'from kelmo import pluginmodifier as m; m._setParam("node", "tag", (9, "more")); print m._getParam("node", "tag")',
+     'from kelmo import pluginmodifier as m; m._setParam("node", "tag", (9, "more")); '
+     'print m._getParam("node", "tag")',
      0, "(9, 'more')\n", NEVER_ENDED),
     ('the module is loaded again', 'reload(m); print m._getParam("node", "tag")', 0, "(9, 'some text')\n", NEVER_ENDED),
     ('calls at the interpreter\'s end', 'atexit.register(lambda: sys.stdout.write(m._getPluginType("clay")))', 0,

@@ -6,6 +6,7 @@ missing: a zero for a number, an empty text, no reference, a shorter list, an ab
 What is left alive and freed wrongly, and an error that is left pending, is looked for after each single call.
 """
 import json
+import os
 
 import call_cases as cases
 import offlinehost
@@ -212,56 +213,75 @@ class EachAllocationTest(cases.CallTest):
             self.assertEqual(Scenes(), before)
 
 
+# Sets values on more plugins than the host's set has room for, while it cannot grow; then runs what follows, and tells
+# how many values the set holds, what they are and what is left at the end.
+OWNED_SET = '''
+import json, offlinehost
+from kelmo import pluginmodifier as m
+offlinehost.add_types(%r)
+offlinehost.open_text(%r)
+m._init()
+before = offlinehost.counters()['allocations']
+m._setParam('thing 0', 'count', (0, 1))
+# What a value needs while the set does not grow.
+allocations = offlinehost.counters()['allocations'] - before
+def setOnAll(value, refused):
+    for i in range(%d):
+        if refused: offlinehost.fail_allocation(allocations + 1, persistent=True)
+        m._setParam('thing %%d' %% i, 'count', (0, value + i))
+        offlinehost.fail_allocation(0)
+setOnAll(1000000, True)
+%s
+owned = offlinehost.counters()['owned_values']
+values = [m._getParam('thing %%d' %% i, 'count') for i in range(%d)]
+m._uninit()
+print json.dumps([owned, values, offlinehost.end()])
+'''
+
+
 class OwnedSetTest(support.ModuleTest):
-    """Values that find no place in the host's set, because it could not grow, are nobody's."""
+    """Values that find no place in the host's set, because it could not grow, are nobody's and stay alive."""
 
     PLUGINS = 90
     FIRST_CAPACITY = 64
 
     scene = support.sceneText(*[{'type': 'TestThing', 'name': 'thing %d' % i} for i in range(PLUGINS)])
 
-    def setOnAll(self, value, refuseGrowth=False):
-        for i in range(self.PLUGINS):
-            if refuseGrowth:
-                offlinehost.fail_allocation(self.allocations + 1, persistent=True)
-            self.module._setParam('thing %d' % i, 'count', (0, value + i))
-            offlinehost.fail_allocation(0)
-
-    def setUp(self):
-        support.ModuleTest.setUp(self)
-        # How many allocations a value needs while the set does not grow.
-        before = offlinehost.counters()['allocations']
-        self.module._setParam('thing 0', 'count', (0, 1))
-        self.allocations = offlinehost.counters()['allocations'] - before
+    def lastingValues(self, first, owned, more=''):
+        """After more code the plugins hold values from `first` on, `owned` of them in the set; as many as have found
+        no place while the set could not grow are left at the end, each with its name."""
+        # What is left on purpose is counted here; a checker of leaks would only count it again.
+        options = os.environ.get('LSAN_OPTIONS')
+        os.environ['LSAN_OPTIONS'] = 'detect_leaks=0'
+        try:
+            code = OWNED_SET % (self.types[0], self.scene, self.PLUGINS, more, self.PLUGINS)
+            status, out, err = support.runPython(code)
+        finally:
+            del os.environ['LSAN_OPTIONS']
+            if options is not None:
+                os.environ['LSAN_OPTIONS'] = options
+        self.assertEqual((status, err), (0, ''))
+        counted, values, report = json.loads(out)
+        self.assertEqual(counted, owned)
+        self.assertEqual(values, [[0, first + i] for i in range(self.PLUGINS)])
+        self.assertEqual((report['owned_freed'], report['blocks_leaked']),
+                         (owned, 2 * (self.PLUGINS - self.FIRST_CAPACITY)))
+        self.assertEqual((report['misuse_foreign_frees'], report['misuse_wrong_sizes']), (0, 0))
 
     def testValuesBeyondTheSetsCapacity(self):
-        self.setOnAll(1000000, refuseGrowth=True)
-        self.assertEqual(offlinehost.counters()['owned_values'], self.FIRST_CAPACITY)
-        for i in range(self.PLUGINS):
-            self.assertEqual(self.module._getParam('thing %d' % i, 'count'), (0, 1000000 + i))
-        self.module._uninit()
-        report = self.endHost()
-        beyond = self.PLUGINS - self.FIRST_CAPACITY
-        self.assertEqual(report['owned_freed'], self.FIRST_CAPACITY)
-        # The value and its name.
-        self.assertEqual((report['blocks_leaked'], report['misuse_foreign_frees']), (2 * beyond, 0))
-        report.update(blocks_leaked=0, bytes_leaked=0)
+        self.lastingValues(1000000, self.FIRST_CAPACITY)
 
     def testASetThatGrowsAfterAll(self):
-        self.setOnAll(1000000, refuseGrowth=True)
-        lost = self.PLUGINS - self.FIRST_CAPACITY
         # Now there is memory: each value comes into the set, and those that were in it go.
-        self.setOnAll(2000000)
-        self.assertEqual(offlinehost.counters()['owned_values'], self.PLUGINS)
-        self.module._uninit()
-        report = self.endHost()
-        self.assertEqual((report['owned_freed'], report['blocks_leaked']), (self.PLUGINS, 2 * lost))
-        report.update(blocks_leaked=0, bytes_leaked=0)
+        self.lastingValues(2000000, self.PLUGINS, 'setOnAll(2000000, False)')
 
     def testGrowthThatIsRefusedOnce(self):
+        before = offlinehost.counters()['allocations']
+        self.module._setParam('thing 0', 'count', (0, 1))
+        allocations = offlinehost.counters()['allocations'] - before
         for i in range(self.PLUGINS):
-            offlinehost.fail_allocation(self.allocations + 1)
+            offlinehost.fail_allocation(allocations + 1)
             self.module._setParam('thing %d' % i, 'count', (0, 1))
             offlinehost.fail_allocation(0)
-        # Refused each time that it was asked once, but asked a second time when the set was full.
+        # Each time that the set asked once it was refused; when it was full it asked a second time.
         self.assertEqual(offlinehost.counters()['owned_values'], self.PLUGINS)

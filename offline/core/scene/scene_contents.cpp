@@ -5,15 +5,6 @@
 #include "core/base/counters.h"
 
 namespace Offline {
-namespace {
-
-OfflinePlugin* livingFrom(OfflinePlugin* plugin) {
-    while (plugin != nullptr && !plugin->isAlive()) plugin = SceneContents::next(plugin);
-    return plugin;
-}
-
-}  // namespace
-
 SceneContents::SceneContents(Catalogue& catalogue, SceneContents* parent) : types(catalogue), main(parent) {}
 
 SceneContents::~SceneContents() { clear(); }
@@ -41,9 +32,15 @@ bool SceneContents::remove(OfflinePlugin* plugin) {
     return true;
 }
 
-OfflinePlugin* SceneContents::first() const { return livingFrom(headPlugin); }
+OfflinePlugin* SceneContents::first() const {
+    return headPlugin == nullptr || headPlugin->alive ? headPlugin : next(headPlugin);
+}
 
-OfflinePlugin* SceneContents::next(const OfflinePlugin* plugin) { return livingFrom(plugin->next); }
+OfflinePlugin* SceneContents::next(const OfflinePlugin* plugin) {
+    OfflinePlugin* following = plugin->next;
+    while (following != nullptr && !following->alive) following = following->next;
+    return following;
+}
 
 void SceneContents::enumerate(KUtils::EnumPluginCallback& callback) const {
     const OfflinePlugin* const end = tail;

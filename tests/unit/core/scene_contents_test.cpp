@@ -147,6 +147,16 @@ TEST_CASE(walksSurviveChanges) {
     }
 }
 
+TEST_CASE(manyRemovedPluginsInARow) {
+    TestScene scene;
+    scene.make("first");
+    for (int i = 0; i < 200000; ++i) scene.contents.remove(scene.make(("p" + std::to_string(i)).c_str()));
+    scene.make("last");
+    CHECK_TEXT(scene.names().c_str(), "firstlast");
+    scene.contents.remove(scene.contents.find("first"));
+    CHECK_TEXT(scene.names().c_str(), "last");
+}
+
 TEST_CASE(nodesLeadToPlugins) {
     TestScene scene;
     OfflinePlugin* mesh = scene.make("teapot@mesh");

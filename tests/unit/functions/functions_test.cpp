@@ -209,6 +209,14 @@ TEST_CASE(aCopyIsTheHostsBeforeThePluginIsAsked) {
     }
 }
 
+TEST_CASE(appendingGoesByTheListsCount) {
+    NoManager host;
+    host.list.count = 1;  // although there is no node
+    CHECK_TEXT(host.call(method<NAME, appendSceneContent>, "(['any.kscene'], '')").c_str(), "-> None");
+    CHECK_EQ(host.list.count, 1);
+    CHECK(host.list.head == nullptr);
+}
+
 TEST_CASE(whatTheFrameDoesNotCatch) {
     NoManager host;  // its list has no room and cannot make any
     const PyRef args = python("([], '')");
