@@ -1,5 +1,5 @@
 // WildcardPattern: a pattern of matchWildcard prepared once, for many subjects. Its answer is matchWildcard's for every
-// subject; its time grows with the length of the subject, not with that of the pattern times it.
+// subject; it does not go back over a subject, however often a piece of the pattern nearly fits.
 //
 // The pattern falls into pieces at its stars. The first piece stands at the subject's start and the last at its end;
 // each of those between is looked for from where the one before it ended, and the leftmost place is always the right
