@@ -1,7 +1,7 @@
 # -*- coding: utf-8 -*-
 """Random tagged values, of right and wrong kinds and nested to depth 5, set and read back against a model.
 
-PROPERTY_CASES says how many (default 20000), PROPERTY_SEED from where.
+PROPERTY_CASES says how many (default 100000), PROPERTY_SEED from where.
 """
 import os
 import random
@@ -11,7 +11,7 @@ import support
 from all_kinds import AllKindsTest, OUTPUTS, PARAMS, SCENE, TEXTURES
 from value_model import modelSet
 
-CASES = int(os.environ.get('PROPERTY_CASES', '20000'))
+CASES = int(os.environ.get('PROPERTY_CASES', '100000'))
 SEED = int(os.environ.get('PROPERTY_SEED', '1'))
 
 TEXTURE_CODES = dict(zip(TEXTURES, (11, 13, 14, 15, 16, 17)))

@@ -5,6 +5,7 @@
 #include "python.h"
 // The interpreter's header comes first.
 #include "host_table.h"
+#include "method_table.h"
 #include "support/library.h"
 #include "texts.h"
 
@@ -226,6 +227,8 @@ PyObject* takePendingError(PyObject*, PyObject*) {
     return shown;
 }
 
+PyObject* tableOfMethods(PyObject*, PyObject* function) { return methodTable(function); }
+
 // METH_KEYWORDS functions stand in the table as if they took two arguments.
 PyCFunction withKeywords(PyCFunctionWithKeywords function) {
     return reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(function));
@@ -257,6 +260,8 @@ PyMethodDef functions[] = {
      "set_environment(name, value or None): sets a variable where the module reads it."},
     {"take_pending_error", takePendingError, METH_NOARGS,
      "take_pending_error() -> the repr of a Python error that a call left behind, or None."},
+    {"method_table", tableOfMethods, METH_O,
+     "method_table(function) -> (name, flags, docstring) of it and of those behind it in its module's table."},
     {nullptr, nullptr, 0, nullptr},
 };
 
