@@ -17,7 +17,7 @@ void* kelmo_malloc(std::size_t size) {
     }
     ++heap.live;
     heap.lastSize = size;
-    return std::malloc(size);
+    return heap.newest = std::malloc(size);
 }
 
 void* kelmo_realloc(void* block, std::size_t size) {

@@ -6,7 +6,8 @@
 struct TestHeap {
     int live;               // blocks
     int failNext;           // nonzero: this many allocations yield null
-    std::size_t lastSize;   // of the newest allocation
+    void* newest;           // the newest block
+    std::size_t lastSize;   // its size
     std::size_t freedSize;  // what the last kelmo_free was told
 };
 
