@@ -5,7 +5,10 @@
 
 class RandomSteps {
   public:
-    explicit RandomSteps(std::uint32_t seed) : state(seed * 2654435761u + 1u) {}
+    RandomSteps(std::uint32_t seed, int steps) : state(seed * 2654435761u + 1u), left(steps) {}
+
+    // True before each of the steps.
+    bool more() { return left-- > 0; }
 
     // A number of [0, limit).
     int below(int limit) {
@@ -20,4 +23,5 @@ class RandomSteps {
 
   private:
     std::uint32_t state;
+    int left;
 };
