@@ -33,7 +33,5 @@ def run(data):
     values.random = ByteChoices(data)
     test = test_property.PropertyTest('testRandomValues')
     test.setUp()
-    try:
-        session(test, values)
-    finally:
-        test.tearDown()
+    session(test, values)
+    test.tearDown()
