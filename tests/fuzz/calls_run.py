@@ -27,10 +27,11 @@ for path, plugins in FILES.items():
 
 NAMES = ['thing', 'a', 'b', 'settings', 'extra', 'more', 'texture', 'material', 'camera', 'node', 'nobody', '', u'\xe9',
          u'thing', 'a\0b', '100%s%n', 'n' * 1022, 'n' * 1023, 'n' * 1024]
-TYPE_NAMES = ['TestThing', u'TestThing', 'TestTexture', 'TestMaterial', 'TestCamera', 'TestNode', 'TestSettings', 'Nothing',
-              '', '%n']
+TYPE_NAMES = ['TestThing', u'TestThing', 'TestTexture', 'TestMaterial', 'TestCamera', 'TestNode', 'TestSettings',
+              'Nothing', '', '%n']
 PATTERNS = ['*', '?', 'a*', '*e*', 't?ing', 'Test*', '*ing', '*t*t*', 'nobody', u'\xe9', '??', '', 'n*n', '*%*']
 PARAMS = ['count', 'label', 'ids', 'link', 'out', 'color', 'file', 'fov', 'material', 'samples', 'nothing', '']
+WORDS = {'new': NAMES, 'type': TYPE_NAMES, 'pattern': PATTERNS, 'flag': [0, 1, True], 'text': ['', 'text']}
 PATHS = sorted(FILES) + [FOLDER + '/missing.kscene']
 REFERENCES = [name for name in NAMES if isinstance(name, str)]
 
@@ -84,7 +85,7 @@ class Arguments(object):
             return getattr(self, kind)()
         if kind == 'paths':
             return [self.choices.choice(PATHS) for _ in range(self.choices.randrange(3))]
-        return self.choices.choice({'new': NAMES, 'type': TYPE_NAMES, 'pattern': PATTERNS, 'flag': [0, 1, True], 'text': ['', 'text']}[kind])
+        return self.choices.choice(WORDS[kind])
 
 
 # What is called more often stands here more often: a scene that is built up shows more.

@@ -1,4 +1,4 @@
-"""Values that the bytes choose, right and wrong, set and read back; what must come is said by tests/script/value_model.py.
+"""Values that the bytes choose, right and wrong, set and read back; tests/script/value_model.py says what must come.
 
 A run is a session of its own: when it ends the host is asked what is left.
 """
