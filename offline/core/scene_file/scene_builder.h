@@ -10,7 +10,7 @@
 
 namespace Offline {
 
-// The open references of one value. Of a deferred record the value is null: its references are only checked.
+// The open references of one value.
 struct OpenValue {
     Value* value;
     std::string plugin;
@@ -42,7 +42,7 @@ void settle(const SceneContents& contents, const OpenValue& open, Missing missin
         plugins.push_back(resolve(contents, reference.name.c_str()));
         if (plugins.back() == nullptr) missing(open, reference);
     }
-    if (open.value != nullptr) setReferences(*open.value, open.references, plugins);
+    setReferences(*open.value, open.references, plugins);
 }
 
 }  // namespace Offline

@@ -78,11 +78,6 @@ KUtils::ErrorRecord* SceneReader::readPlugin(JsonText& text, const char* begin, 
         if (buildPlugin(contents, plugin, lineNumber, open) != nullptr) return nullptr;
         return damaged(lineNumber, 1, place, "there is not enough memory");
     }
-    for (LineParam& param : plugin.params) {
-        if (param.openReferences.empty()) continue;
-        open.push_back(
-            {nullptr, plugin.name, plugin.type->param(param.index).name, lineNumber, std::move(param.openReferences)});
-    }
     DeferredRecord record;
     record.name = plugin.name;
     record.node = plugin.node;
@@ -101,8 +96,6 @@ KUtils::ErrorRecord* SceneReader::finish() {
     std::size_t missing = 0;
     for (const OpenValue& value : open) {
         settle(contents, value, [&](const OpenValue& of, const OpenReference& reference) {
-            const bool deferred = contents.deferred().findByName(reference.name) != nullptr;
-            if (of.value == nullptr && deferred) return;
             if (missing++ != 0) return;
             firstValue = &of;
             firstReference = &reference;

@@ -38,6 +38,10 @@ void SceneWriter::plugin(const OfflinePlugin& plugin) {
     line += "}\n";
 }
 
+bool SceneWriter::isAnswered(const DeferredRecord& record) const {
+    return record.taken || contents.find(record.name.c_str()) != nullptr;
+}
+
 const OfflinePlugin* SceneWriter::placeOf(const DeferredRecord& record, const OfflinePlugin* first) {
     return record.after == nullptr ? first : SceneContents::next(record.after);
 }

@@ -18,6 +18,8 @@ class SceneWriter {
   private:
     void header();
     void plugin(const OfflinePlugin& plugin);
+    // True when a plugin stands for the record: the one made of it, or another that has its name.
+    bool isAnswered(const DeferredRecord& record) const;
     // The living plugin before which a record is written; null: after the last.
     static const OfflinePlugin* placeOf(const DeferredRecord& record, const OfflinePlugin* first);
 
@@ -35,7 +37,7 @@ bool SceneWriter::writeLines(Write write) {
     const OfflinePlugin* at = first;
     for (;;) {
         for (; record < records.size() && (at == nullptr || placeOf(records.at(record), first) == at); ++record) {
-            if (records.at(record).taken) continue;
+            if (isAnswered(records.at(record))) continue;
             line.assign(records.at(record).line).append(1, '\n');
             if (!write(line)) return false;
         }
