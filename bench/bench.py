@@ -89,10 +89,14 @@ def run(options, build):
     for group in workloads.groups():
         for workload in group(context):
             result = harness.measured(workload, 0.02 if quick else 0.05)
+            bound = harness.bound(result, baseline)
+            if options.check and bound is not None and result['ratio'] > bound:
+                # Other programs share the caches: what is too slow has to be so twice.
+                print harness.line(result) + '  out of bounds, measured again'
+                result = harness.measured(workload, 0.05)
             results.append(result)
             print harness.line(result)
             sys.stdout.flush()
-            bound = harness.bound(result, baseline)
             if options.check and bound is not None and result['ratio'] > bound:
                 failures.append('%s: %.2f, at most %.2f' % (workload.name, result['ratio'], bound))
     context.close()
