@@ -1,5 +1,6 @@
 #include "host/bridge.h"
 
+#include <cstddef>
 #include <cstring>
 
 #include "check.h"
@@ -12,6 +13,23 @@
 
 using namespace KUtils;
 using namespace KUtils::Python;
+
+// The order of the state's fields.
+#define FIELD(number, member) \
+    static_assert(offsetof(SceneAccessState, member) == ((number)-1) * sizeof(void*), #member " stands elsewhere")
+FIELD(1, hostLibrary);
+FIELD(2, getPluginManagerFn);
+FIELD(3, exportTextureFn);
+FIELD(4, exportMaterialFn);
+FIELD(5, exportCameraFn);
+FIELD(6, exportNodeFn);
+FIELD(7, getScenesFn);
+FIELD(8, printWarningFn);
+FIELD(9, hostManager);
+FIELD(10, mainScene);
+FIELD(11, fallbackOwnedParams);
+FIELD(12, sceneList);
+FIELD(13, reserved);
 
 namespace {
 
@@ -174,6 +192,21 @@ TEST_CASE(aMissingHostObject) {
         CHECK_TEXT(fakeSystem.log.c_str(), (logged("/root") + "free ").c_str());
         CHECK(sceneAccessState == nullptr);
     }
+}
+
+TEST_CASE(bothHostObjectsAreAskedForInTurn) {
+    const NoBlocksLeft check;
+    resetFakeSystem();
+    fakeSystem.symbols["getPluginManager"] = reinterpret_cast<void*>(+[]() -> void* {
+        fakeSystem.log += "manager ";
+        return nullptr;
+    });
+    fakeSystem.symbols["getScenes"] = reinterpret_cast<void*>(+[]() -> void* {
+        fakeSystem.log += "scenes ";
+        return nullptr;
+    });
+    CHECK_TEXT(start().c_str(), "MayaSceneAccessUtils: Could not obtain plugin manager.");
+    CHECK_TEXT(fakeSystem.log.c_str(), (logged("/root") + "manager scenes free ").c_str());
 }
 
 TEST_CASE(startWithoutMemory) {
