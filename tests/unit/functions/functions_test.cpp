@@ -148,7 +148,13 @@ TEST_CASE(aFileListThatChangesWhileItIsRead) {
     const Row rows[] = {
         {"unchanged", [](PyObject*) {}, "read:one.kscene read:two.kscene read:three.kscene "},
         {"shorter", [](PyObject* files) { PyList_SetSlice(files, 2, 3, nullptr); }, "read:one.kscene read:two.kscene "},
-        {"empty", [](PyObject* files) { PyList_SetSlice(files, 0, 3, nullptr); }, "read:one.kscene "},
+        {"empty, its texts overwritten",
+         [](PyObject* files) {
+             PyList_SetSlice(files, 0, 3, nullptr);
+             PyRef others[3];
+             for (PyRef& other : others) other = PyRef::steal(PyString_FromString("???.kscene"));
+         },
+         "read:one.kscene "},
         {"longer",
          [](PyObject* files) {
              if (PyList_Size(files) < 5) PyList_Append(files, PyList_GetItem(files, 0));
@@ -174,6 +180,25 @@ TEST_CASE(appendingGoesByTheListsCount) {
     CHECK_TEXT(host.call(appendSceneContentFunction, "(['any.kscene'], '')").c_str(), "-> None");
     CHECK_EQ(host.list.count, 1);
     CHECK(host.list.head == nullptr);
+}
+
+// An incomplete list would be taken for the whole.
+TEST_CASE(aSearchThatLacksAName) {
+    NoManager host;
+    host.scene.manager.atTheEnd = [] { PyErr_SetString(PyExc_MemoryError, "no memory for a name"); };
+    CHECK_TEXT(host.call(method<NAME, findByName>, "('*',)").c_str(), "-> MemoryError: no memory for a name");
+    CHECK_TEXT(host.call(method<NAME, findByType>, "('*',)").c_str(), "-> MemoryError: no memory for a name");
+}
+
+// Also when a Python error came with what was raised.
+TEST_CASE(whatIsAnsweredFalseLeavesNoError) {
+    NoManager host;
+    host.scene.whenFinding = [] {
+        PyErr_SetString(PyExc_ValueError, "a host's own");
+        throw 5;
+    };
+    CHECK_TEXT(host.call(predicate<NAME, pluginExists>, "('taken',)").c_str(), "find:taken -> False");
+    CHECK_TEXT(host.call(question<NAME, unique>, "('taken',)").c_str(), "find:taken -> False");
 }
 
 TEST_CASE(whatTheFrameDoesNotCatch) {

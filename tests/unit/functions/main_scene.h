@@ -57,9 +57,11 @@ class AllPlugins final : public KUtils::PluginManager {
             ++enumerated;
             if (callback->process(plugin) == 0) return;
         }
+        if (atTheEnd) atTheEnd();
     }
     std::vector<KUtils::Plugin*> plugins;
     int enumerated = 0;  // by the last enumeration
+    std::function<void()> atTheEnd;
 };
 
 class MainScene final : public KUtils::KelmoScene {
@@ -72,6 +74,7 @@ class MainScene final : public KUtils::KelmoScene {
     }
     KUtils::Plugin* findPlugin(const char* name) override {
         calls += std::string("find:") + name + " ";
+        if (whenFinding) whenFinding();
         for (KUtils::Plugin* plugin : manager.plugins) {
             if (std::string(plugin->name) == name) return plugin;
         }
@@ -89,7 +92,7 @@ class MainScene final : public KUtils::KelmoScene {
 
     AllPlugins manager;
     KUtils::Plugin* made = nullptr;
-    std::function<void()> whenReading;
+    std::function<void()> whenFinding, whenReading;
     std::string calls;
 };
 
