@@ -127,6 +127,19 @@ TEST_CASE(aValueThatDoesNotCloneItselfAfterAll) {
     CHECK(made.offered == nullptr);
 }
 
+// A manager that lists a plugin which it does not have.
+TEST_CASE(nothingAmongThePlugins) {
+    NoManager host;
+    CarryingPlugin made("Light", "made");
+    host.scene.made = &made;
+    host.taken.isSingle = true;
+    host.scene.manager.plugins = {nullptr, &host.taken};
+    CHECK_TEXT(host.call(method<NAME, findByName>, "('*',)").c_str(), "-> ['taken']");
+    CHECK_TEXT(host.call(method<NAME, findByType>, "('*',)").c_str(), "-> ['taken']");
+    CHECK_TEXT(host.call(createFunction, "('Light', 'new')").c_str(),
+               "-> Exception: Only one instance of type \\\"Light\\\" can exist.");
+}
+
 TEST_CASE(aPluginWithoutAName) {
     NoManager host;
     host.typeless.name = nullptr;

@@ -75,6 +75,37 @@ TEST_CASE(startAndEnd) {
     CHECK_TEXT(fakeSystem.log.c_str(), "");
 }
 
+namespace {
+
+SceneAccessState stateAtLoading;
+
+}  // namespace
+
+// All that is not read before it is written, although the memory was in use before.
+TEST_CASE(theStateStandsEmptyBeforeTheLibraryIsLoaded) {
+    const NoBlocksLeft check;
+    resetFakeSystem();
+    void* used = kelmo_malloc(sizeof(SceneAccessState));
+    std::memset(used, 0xAB, sizeof(SceneAccessState));
+    kelmo_free(used, sizeof(SceneAccessState));
+    std::memset(&stateAtLoading, 0xAB, sizeof stateAtLoading);
+    fakeSystem.atLoading = [] {
+        if (sceneAccessState != nullptr) stateAtLoading = *sceneAccessState;
+    };
+    CHECK_TEXT(start().c_str(), "");
+    CHECK(stateAtLoading.hostLibrary == nullptr);
+    for (const ExportFunction function : {stateAtLoading.exportTextureFn, stateAtLoading.exportMaterialFn,
+                                          stateAtLoading.exportCameraFn, stateAtLoading.exportNodeFn}) {
+        CHECK(function == nullptr);
+    }
+    CHECK(stateAtLoading.printWarningFn == nullptr);
+    CHECK(stateAtLoading.hostManager == nullptr);
+    CHECK(stateAtLoading.mainScene == nullptr);
+    CHECK(stateAtLoading.fallbackOwnedParams == nullptr);
+    CHECK(stateAtLoading.sceneList == nullptr);
+    endSceneAccess();
+}
+
 TEST_CASE(startingAgainFreesTheLibraryAndTellsNobody) {
     const NoBlocksLeft check;
     resetFakeSystem();
