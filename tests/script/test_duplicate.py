@@ -207,6 +207,15 @@ class ExtraScenesTest(support.ModuleTest):
         self.assertNotIn('"copy"', offlinehost.extra_text(0) + offlinehost.extra_text(1))
         self.assertEqual(self.module._getParam('copy', 'color'), (5, (0.0, 1.0, 0.0)))
 
+    def testUnderItsOwnName(self):
+        # The name is free in the main scene, and the duplicate then stands before its source.
+        self.assertEqual(self.module._duplicate('old', 'old'), 'old')
+        self.module._setParam('old', 'color', (5, (0, 0, 1)))
+        self.assertIn('{"type":"MtlDiffuse","name":"old","params":{"color":[0,0,1]}}', offlinehost.text())
+        self.assertIn('"color":[0,1,0]', offlinehost.extra_text(1))
+        self.assertIs(self.module._duplicate('old', 'old'), None)
+        self.assertWarned('A plugin "old" already exists.')
+
     def testOnlyAReplacedValueOfTheSceneIsAttached(self):
         attached = ['scene.attachParameter("color")']
         # The old value is the scene's.

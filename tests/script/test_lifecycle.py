@@ -47,6 +47,11 @@ class CreateTest(support.ModuleTest):
             self.assertWarned('Only one instance of type \\"SettingsOutput\\" can exist.')
         self.assertEqual(offlinehost.text(), before)
 
+    def testATypeIsNotTakenForASimilarOne(self):
+        for kind in ('settingsoutput', 'SettingsOutpu', 'SettingsOutput ', 'SettingsOutput2', ''):
+            self.assertIs(self.module._create(kind, 'second'), None)
+            self.assertWarned('A plugin \\"second\\" of type \\"%s\\" could not be created.' % kind)
+
     def testASingleInstanceTypeThatHasNoPluginYet(self):
         self.assertEqual(self.module._create('SettingsLightLinker', 'linker'), 'linker')
         self.assertIs(self.module._create('SettingsLightLinker', 'again'), None)

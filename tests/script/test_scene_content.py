@@ -119,7 +119,8 @@ class AddTest(SceneContentTest):
         offlinehost.observe()
         other = self.write('other.kscene')
         self.module._addSceneContent([self.a, other], '')
-        self.assertEqual(self.reads(), ['scene.readFile("%s", 0, 1, null)' % path for path in (self.a, other)])
+        self.assertEqual(offlinehost.events(), ['KelmoScene(manager, null, 0)'] +
+                         ['scene.readFile("%s", 0, 1, null)' % path for path in (self.a, other)])
         self.module._addSceneContent([self.a], u'pr\u00e9fix')
         self.assertEqual(self.reads(), ['scene.readFile("%s", 0, 1, "%s")' % (self.a, u'pr\u00e9fix'.encode('utf-8'))])
 
@@ -208,7 +209,14 @@ class FailuresTest(SceneContentTest):
 
     def testTheMessageIsCut(self):
         name = self.folder + '/' + 'n' * 3000
-        self.assertTrue(len(self.failure(self.module._addSceneContent, [name])) <= 1023)
+        text = self.failure(self.module._addSceneContent, [name])
+        self.assertEqual(len(text), 1023)
+        self.assertTrue(('[' + name).startswith(text), text)
+
+    def testTheMessageIsNoFormat(self):
+        name = self.folder + '/%s%n%1000000d.kscene'
+        text = self.failure(self.module._addSceneContent, [name])
+        self.assertTrue(text.startswith('[%s] ' % name), text)
 
 
 class WithoutMemoryTest(SceneContentTest):

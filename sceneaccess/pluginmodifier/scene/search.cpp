@@ -19,8 +19,9 @@ class FindPluginsByName final : public EnumPluginCallback {
     FindPluginsByName(PyObject* result, const char* wanted) : list(result), pattern(wanted) {}
 
     int process(Plugin* plugin) override {
-        const char* name = plugin != nullptr ? pluginName(plugin) : nullptr;
-        if (name != nullptr && pattern.matches(name)) appendName(list, plugin);
+        if (plugin == nullptr) return 1;
+        const char* name = pluginName(plugin);
+        if (pattern.matches(name != nullptr ? name : "")) appendName(list, plugin);
         return 1;
     }
 

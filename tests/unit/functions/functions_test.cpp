@@ -1,14 +1,13 @@
 // The module's functions through their call frame, over a state that has a main scene and no host manager, and what
 // passes the frame untouched.
+#include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
-#include "adapter/expression.h"
 #include "check.h"
-#include "clone/stub_plugin.h"
 #include "frame/method.h"
 #include "kelmo/core/exception_msg.h"
+#include "main_scene.h"
 #include "param/set_param.h"
 #include "params/scalar/scalar_params.h"
 #include "pointer_set/owned_values.h"
@@ -24,113 +23,19 @@ namespace {
 
 constexpr char NAME[] = "function";
 
-// The values that a plugin of this test carries.
-class OneValue final : public KelmoParameterList {
-  public:
-    explicit OneValue(KelmoPluginParameter& carriedValue) : value(carriedValue) {}
-    KelmoPluginParameter& value;
-};
-
-// A plugin that carries what it is given.
-class CarryingPlugin final : public StubPlugin {
-  public:
-    CarryingPlugin(const char* typeName, const char* pluginName) : StubPlugin(typeName) {
-        name = pluginName;
-        descriptor = &type;
-        type.declare("strength", PARAM_FLOAT);
-    }
-    int setParameter(KelmoPluginParameter* param) override {
-        offered = param;
-        ownedWhenGiven = owned != nullptr ? static_cast<int>(owned->count) : -1;
-        if (takes) carried = param;
-        return takes ? 1 : 0;
-    }
-    KelmoPluginParameter* getParameter(const char*) override { return carried; }
-
-    KelmoPluginParameter* carried = nullptr;
-    KelmoPluginParameter* offered = nullptr;
-    bool takes = true;
-    const PointerSet* owned = nullptr;
-    int ownedWhenGiven = -1;  // how many values the set held when the plugin was given one
-};
-
-class AllPlugins final : public PluginManager {
-  public:
-    PluginDescriptor* getPluginDescriptor(const char*) override { return nullptr; }
-    void enumPlugins(EnumPluginCallback* callback) override {
-        for (Plugin* plugin : plugins) {
-            if (callback->process(plugin) == 0) return;
-        }
-    }
-    std::vector<Plugin*> plugins;
-};
-
-class MainScene final : public KelmoScene {
-  public:
-    MainScene() : KelmoScene(nullptr, nullptr, 0) {}
-
-    PluginManager* getManager() override { return &manager; }
-    void deletePlugin(Plugin* plugin, bool flag) override {
-        calls += std::string("delete:") + plugin->name + (flag ? ":true " : ":false ");
-    }
-    Plugin* findPlugin(const char* name) override {
-        calls += std::string("find:") + name + " ";
-        for (Plugin* plugin : manager.plugins) {
-            if (std::string(plugin->name) == name) return plugin;
-        }
-        return nullptr;
-    }
-    Plugin* newPlugin(const char* typeName, const char* name, int flags) override {
-        calls += std::string("new:") + typeName + ":" + name + ":" + std::to_string(flags) + " ";
-        return made;
-    }
-
-    AllPlugins manager;
-    Plugin* made = nullptr;
-    std::string calls;
-};
-
-// A state without a host manager, as nobody but this test makes it.
-struct NoManager {
-    NoManager() {
-        scene.manager.plugins = {&taken, &nameless};
-        state.mainScene = &scene;
-        state.sceneList = &list;
-        sceneAccessState = &state;
-    }
-    ~NoManager() { sceneAccessState = nullptr; }
-
-    // What a function gives for these arguments: a repr, or "Type: text"; and what the scene was asked.
-    template <class Function>
-    std::string call(Function function, const char* arguments) {
-        const PyRef args = python(arguments);
-        scene.calls.clear();
-        const PyRef result = PyRef::steal(function(nullptr, args.get()));
-        std::string text;
-        if (result) {
-            CHECK(PyErr_Occurred() == nullptr);
-            text = PyString_AsString(PyRef::steal(PyObject_Repr(result.get())).get());
-        } else {
-            PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
-            PyErr_Fetch(&type, &value, &traceback);
-            text = std::string(PyExceptionClass_Name(type)).substr(11) + ": " + PyString_AsString(value);
-            for (PyObject* part : {type, value, traceback}) Py_XDECREF(part);
-        }
-        return scene.calls + "-> " + text;
-    }
-
-    CarryingPlugin taken{"Light", "taken"};
-    CarryingPlugin nameless{nullptr, "typeless"};  // has no descriptor
-    MainScene scene;
-    SceneList list{};
-    SceneAccessState state{};
-};
-
 PyCFunction const createFunction = method<NAME, create>;
 PyCFunction const deleteFunction = method<NAME, deletePlugin>;
 PyCFunction const duplicateFunction = method<NAME, duplicate>;
 PyCFunction const setParamFunction = method<NAME, setParam>;
 PyCFunction const addSceneContentFunction = method<NAME, addSceneContent>;
+PyCFunction const appendSceneContentFunction = method<NAME, appendSceneContent>;
+
+// Says that it can clone itself, and never does.
+class NeverCloned final : public ScalarParam<float> {
+  public:
+    using ElementAccess::ElementAccess;
+    KelmoPluginParameter* clone() override { return nullptr; }
+};
 
 }  // namespace
 
@@ -209,12 +114,104 @@ TEST_CASE(aCopyIsTheHostsBeforeThePluginIsAsked) {
     }
 }
 
+// It is not cloned by another road either.
+TEST_CASE(aValueThatDoesNotCloneItselfAfterAll) {
+    NoManager host;
+    NeverCloned value("strength", 0.5f, false);
+    OneValue values(value);
+    host.taken.paramList = &values;
+    CarryingPlugin made("Light", "made");
+    host.scene.made = &made;
+    CHECK_TEXT(host.call(duplicateFunction, "('taken', 'made')").c_str(),
+               "find:taken find:made new:Light:made:0 -> 'made'");
+    CHECK(made.offered == nullptr);
+}
+
+// A manager that lists a plugin which it does not have.
+TEST_CASE(nothingAmongThePlugins) {
+    NoManager host;
+    CarryingPlugin made("Light", "made");
+    host.scene.made = &made;
+    host.taken.isSingle = true;
+    host.scene.manager.plugins = {nullptr, &host.taken};
+    CHECK_TEXT(host.call(method<NAME, findByName>, "('*',)").c_str(), "-> ['taken']");
+    CHECK_TEXT(host.call(method<NAME, findByType>, "('*',)").c_str(), "-> ['taken']");
+    CHECK_TEXT(host.call(createFunction, "('Light', 'new')").c_str(),
+               "-> Exception: Only one instance of type \\\"Light\\\" can exist.");
+}
+
+TEST_CASE(aPluginWithoutAName) {
+    NoManager host;
+    host.typeless.name = nullptr;
+    CHECK_TEXT(host.call(method<NAME, findByName>, "('*',)").c_str(), "-> ['taken', '']");
+    CHECK_TEXT(host.call(method<NAME, findByName>, "('',)").c_str(), "-> ['']");
+    CHECK_TEXT(host.call(method<NAME, findByName>, "('?*',)").c_str(), "-> ['taken']");
+    host.taken.name = nullptr;
+    CHECK_TEXT(host.call(method<NAME, findByType>, "('Light',)").c_str(), "-> ['']");
+}
+
+TEST_CASE(aFileListThatChangesWhileItIsRead) {
+    // Texts that only the list holds.
+    const char* const arguments = "([name + '.kscene' for name in ('one', 'two', 'three')], '')";
+    struct Row {
+        const char* label;
+        void (*change)(PyObject* files);
+        const char* calls;
+    };
+    const Row rows[] = {
+        {"unchanged", [](PyObject*) {}, "read:one.kscene read:two.kscene read:three.kscene "},
+        {"shorter", [](PyObject* files) { PyList_SetSlice(files, 2, 3, nullptr); }, "read:one.kscene read:two.kscene "},
+        {"empty, its texts overwritten",
+         [](PyObject* files) {
+             PyList_SetSlice(files, 0, 3, nullptr);
+             PyRef others[3];
+             for (PyRef& other : others) other = PyRef::steal(PyString_FromString("???.kscene"));
+         },
+         "read:one.kscene "},
+        {"longer",
+         [](PyObject* files) {
+             if (PyList_Size(files) < 5) PyList_Append(files, PyList_GetItem(files, 0));
+         },
+         "read:one.kscene read:two.kscene read:three.kscene read:one.kscene read:one.kscene "},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.label);
+        NoManager host;
+        SceneNode node{&host.scene, nullptr};
+        host.list.head = &node;
+        host.list.count = 1;
+        const PyRef args = python(arguments);
+        host.scene.whenReading = [&] { row.change(PyTuple_GetItem(args.get(), 0)); };
+        CHECK_TEXT(host.call(appendSceneContentFunction, args.get()).c_str(),
+                   (row.calls + std::string("-> None")).c_str());
+    }
+}
+
 TEST_CASE(appendingGoesByTheListsCount) {
     NoManager host;
     host.list.count = 1;  // although there is no node
-    CHECK_TEXT(host.call(method<NAME, appendSceneContent>, "(['any.kscene'], '')").c_str(), "-> None");
+    CHECK_TEXT(host.call(appendSceneContentFunction, "(['any.kscene'], '')").c_str(), "-> None");
     CHECK_EQ(host.list.count, 1);
     CHECK(host.list.head == nullptr);
+}
+
+// An incomplete list would be taken for the whole.
+TEST_CASE(aSearchThatLacksAName) {
+    NoManager host;
+    host.scene.manager.atTheEnd = [] { PyErr_SetString(PyExc_MemoryError, "no memory for a name"); };
+    CHECK_TEXT(host.call(method<NAME, findByName>, "('*',)").c_str(), "-> MemoryError: no memory for a name");
+    CHECK_TEXT(host.call(method<NAME, findByType>, "('*',)").c_str(), "-> MemoryError: no memory for a name");
+}
+
+// Also when a Python error came with what was raised.
+TEST_CASE(whatIsAnsweredFalseLeavesNoError) {
+    NoManager host;
+    host.scene.whenFinding = [] {
+        PyErr_SetString(PyExc_ValueError, "a host's own");
+        throw 5;
+    };
+    CHECK_TEXT(host.call(predicate<NAME, pluginExists>, "('taken',)").c_str(), "find:taken -> False");
+    CHECK_TEXT(host.call(question<NAME, unique>, "('taken',)").c_str(), "find:taken -> False");
 }
 
 TEST_CASE(whatTheFrameDoesNotCatch) {

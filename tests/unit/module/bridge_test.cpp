@@ -1,5 +1,6 @@
 #include "host/bridge.h"
 
+#include <cstddef>
 #include <cstring>
 
 #include "check.h"
@@ -12,6 +13,23 @@
 
 using namespace KUtils;
 using namespace KUtils::Python;
+
+// The order of the state's fields.
+#define FIELD(number, member) \
+    static_assert(offsetof(SceneAccessState, member) == ((number)-1) * sizeof(void*), #member " stands elsewhere")
+FIELD(1, hostLibrary);
+FIELD(2, getPluginManagerFn);
+FIELD(3, exportTextureFn);
+FIELD(4, exportMaterialFn);
+FIELD(5, exportCameraFn);
+FIELD(6, exportNodeFn);
+FIELD(7, getScenesFn);
+FIELD(8, printWarningFn);
+FIELD(9, hostManager);
+FIELD(10, mainScene);
+FIELD(11, fallbackOwnedParams);
+FIELD(12, sceneList);
+FIELD(13, reserved);
 
 namespace {
 
@@ -55,6 +73,37 @@ TEST_CASE(startAndEnd) {
     fakeSystem.log.clear();
     endSceneAccess();
     CHECK_TEXT(fakeSystem.log.c_str(), "");
+}
+
+namespace {
+
+SceneAccessState stateAtLoading;
+
+}  // namespace
+
+// All that is not read before it is written, although the memory was in use before.
+TEST_CASE(theStateStandsEmptyBeforeTheLibraryIsLoaded) {
+    const NoBlocksLeft check;
+    resetFakeSystem();
+    void* used = kelmo_malloc(sizeof(SceneAccessState));
+    std::memset(used, 0xAB, sizeof(SceneAccessState));
+    kelmo_free(used, sizeof(SceneAccessState));
+    std::memset(&stateAtLoading, 0xAB, sizeof stateAtLoading);
+    fakeSystem.atLoading = [] {
+        if (sceneAccessState != nullptr) stateAtLoading = *sceneAccessState;
+    };
+    CHECK_TEXT(start().c_str(), "");
+    CHECK(stateAtLoading.hostLibrary == nullptr);
+    for (const ExportFunction function : {stateAtLoading.exportTextureFn, stateAtLoading.exportMaterialFn,
+                                          stateAtLoading.exportCameraFn, stateAtLoading.exportNodeFn}) {
+        CHECK(function == nullptr);
+    }
+    CHECK(stateAtLoading.printWarningFn == nullptr);
+    CHECK(stateAtLoading.hostManager == nullptr);
+    CHECK(stateAtLoading.mainScene == nullptr);
+    CHECK(stateAtLoading.fallbackOwnedParams == nullptr);
+    CHECK(stateAtLoading.sceneList == nullptr);
+    endSceneAccess();
 }
 
 TEST_CASE(startingAgainFreesTheLibraryAndTellsNobody) {
@@ -174,6 +223,21 @@ TEST_CASE(aMissingHostObject) {
         CHECK_TEXT(fakeSystem.log.c_str(), (logged("/root") + "free ").c_str());
         CHECK(sceneAccessState == nullptr);
     }
+}
+
+TEST_CASE(bothHostObjectsAreAskedForInTurn) {
+    const NoBlocksLeft check;
+    resetFakeSystem();
+    fakeSystem.symbols["getPluginManager"] = reinterpret_cast<void*>(+[]() -> void* {
+        fakeSystem.log += "manager ";
+        return nullptr;
+    });
+    fakeSystem.symbols["getScenes"] = reinterpret_cast<void*>(+[]() -> void* {
+        fakeSystem.log += "scenes ";
+        return nullptr;
+    });
+    CHECK_TEXT(start().c_str(), "MayaSceneAccessUtils: Could not obtain plugin manager.");
+    CHECK_TEXT(fakeSystem.log.c_str(), (logged("/root") + "manager scenes free ").c_str());
 }
 
 TEST_CASE(startWithoutMemory) {

@@ -54,6 +54,7 @@ SharedText* readEnvironment(const char* name) {
 
 LibraryHandle loadLib(const char* path, ErrorRecord** error) {
     fakeSystem.log += "load:" + std::string(path) + " ";
+    if (fakeSystem.atLoading != nullptr) fakeSystem.atLoading();
     if (fakeSystem.loads) return &fakeSystem;
     if (fakeSystem.errorRecord)
         *error = makeErrorRecord("loadLib", 126, nullptr, "LoadLibrary failed (%i): %s", 126, "gone");

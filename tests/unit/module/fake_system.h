@@ -9,9 +9,10 @@
 struct FakeSystem {
     std::map<std::string, std::string> environment;
     std::map<std::string, void*> symbols;
-    bool loads = true;        // false: the library cannot be loaded
-    bool errorRecord = true;  // false: and no record says why
-    std::string log;          // one word a call: load, symbol names, begin, end, free
+    bool loads = true;              // false: the library cannot be loaded
+    bool errorRecord = true;        // false: and no record says why
+    void (*atLoading)() = nullptr;  // what else happens then
+    std::string log;                // one word a call: load, symbol names, begin, end, free
 };
 
 extern FakeSystem fakeSystem;

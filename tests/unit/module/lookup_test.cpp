@@ -120,6 +120,8 @@ TEST_CASE(scenesByTheirPosition) {
     CHECK(sceneAt(-1) == nullptr);
     scenes.list.count = 4;  // the nodes end before the count does
     CHECK(sceneAt(3) == nullptr);
+    scenes.list.count = 2;  // the count before the nodes
+    CHECK(sceneAt(2) == nullptr);
     scenes.state.sceneList = nullptr;
     CHECK(sceneAt(0) == nullptr);
 }

@@ -103,6 +103,26 @@ TEST_CASE(searchStartsAtTheCurrentBlock) {
     CHECK(list.head == list.firstBlock->slots);
 }
 
+TEST_CASE(fullBlocksArePassedOver) {
+    List list(1);
+    for (int i = 1; i <= 3; ++i) appendScene(list, scene(i));
+    SceneBlock* third = list.firstBlock->next->next;
+    // The search is at the first block again, and only the third has room.
+    list.currentBlock = list.firstBlock;
+    third->used = 0;
+    appendScene(list, scene(4));
+    CHECK_EQ(blocksOf(list), 3);
+    CHECK(list.head == third->slots);
+    CHECK(list.currentBlock == third);
+    CHECK_EQ(list.slotsTaken, 4);
+    // No block has room: the new one comes behind the last.
+    list.currentBlock = list.firstBlock;
+    appendScene(list, scene(5));
+    CHECK_EQ(blocksOf(list), 4);
+    CHECK(list.currentBlock == third->next);
+    CHECK_EQ(list.bytesHeld, std::uint64_t{4 * (1 + 2) * 16});
+}
+
 TEST_CASE(aFailedBlockChangesNothing) {
     List list(1);
     appendScene(list, scene(1));
