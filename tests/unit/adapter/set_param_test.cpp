@@ -188,6 +188,50 @@ TEST_CASE(whatThePluginIsAskedOnTheWay) {
     }
 }
 
+namespace {
+
+// An extra scene that holds at most one plugin, and writes down what is attached to it.
+class ExtraScene final : public KelmoScene {
+  public:
+    ExtraScene(const char* sceneName, Plugin* held) : KelmoScene(nullptr, nullptr, 0), name(sceneName), plugin(held) {}
+    Plugin* findPlugin(const char*) override { return plugin; }
+    void attachParameter(KelmoPluginParameter* param) override {
+        note("attach(" + std::string(name) + ", " + std::to_string(param->getFloat(0, 0.0)).substr(0, 4) + ")");
+    }
+
+  private:
+    const char* name;
+    Plugin* plugin;
+};
+
+}  // namespace
+
+TEST_CASE(theSceneThatHoldsThePluginIsToldOfTheNewValue) {
+    // From the head of the list: one that holds nothing, one that could not be made, and two that hold the plugin.
+    for (const int holder : {2, 3}) {
+        CHECK_ROW(holder == 2 ? "third" : "fourth");
+        Road way(true);
+        RoadPlugin kept;
+        kept.name = "extra";
+        kept.descriptor = &kept.type;
+        OldValue old(&way.set);
+        kept.carried = &old;
+        ExtraScene first("first", nullptr), third("third", holder == 2 ? &kept : nullptr), fourth("fourth", &kept);
+        SceneNode nodes[] = {{&first, &nodes[1]}, {nullptr, &nodes[2]}, {&third, &nodes[3]}, {&fourth, nullptr}};
+        SceneList list{};
+        list.head = nodes;
+        list.count = 4;
+        sceneAccessState->sceneList = &list;
+        const PyRef value = python("(1, 0.5)");
+        road.clear();
+        PyRef::steal(setParam("extra", "strength", value.get()));
+        CHECK_TEXT(road.c_str(), (std::string("getParameter(strength) setParameter(strength) attach(") +
+                                  (holder == 2 ? "third" : "fourth") + ", 0.50)")
+                                     .c_str());
+        CHECK(destroyOwnedValue(&way.set, kept.carried));
+    }
+}
+
 TEST_CASE(theErrorIsTakenBeforeTheHostIsCalled) {
     Road way(true);
     CHECK_TEXT(way.run("strength", "(1, 'x')").c_str(),
