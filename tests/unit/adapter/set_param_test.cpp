@@ -7,6 +7,7 @@
 #include "expression.h"
 #include "frame/problem.h"
 #include "frame/py_ref.h"
+#include "param/introspection.h"
 #include "pointer_set/owned_values.h"
 #include "pointer_set/pointer_hash.h"
 #include "pointer_set/pointer_set_algorithm.h"
@@ -131,6 +132,15 @@ TEST_CASE(theSameValueAgainIsRegisteredOnce) {
     CHECK(destroyOwnedValue(&way.set, way.plugin.carried));
 }
 
+TEST_CASE(aValueIsRegisteredOnce) {
+    Road way(true);
+    auto* value = new OldValue(nullptr);
+    for (int i = 0; i < 2; ++i) registerOwnedValue(&way.set, value);
+    CHECK_EQ(way.set.count, 1u);
+    CHECK(destroyOwnedValue(&way.set, value));
+    CHECK(!way.owns(value));
+}
+
 TEST_CASE(aRefusedValueNeverReachesTheSet) {
     Road way(true);
     OldValue old(nullptr);
@@ -184,6 +194,26 @@ TEST_CASE(whatThePluginIsAskedOnTheWay) {
         }
         const bool texture = std::string(row.param) == "texture";
         CHECK_TEXT(calls.c_str(), (row.calls + (texture ? taken : "")).c_str());
+        CHECK(destroyOwnedValue(&way.set, way.plugin.carried));
+    }
+}
+
+TEST_CASE(everyListCountButMinusOneDeclaresAList) {
+    const char* INVALID = "find:plug  -> Invalid value given for parameter \\\"ints\\\" in plugin \\\"plug\\\".";
+    for (const int listCount : {INT32_MIN, -2, -1, 0, 1, 5}) {
+        const bool isList = listCount != -1;
+        const std::string label = std::to_string(listCount);
+        CHECK_ROW(label.c_str());
+        Road way(true);
+        way.plugin.type.declare("ints", PARAM_INT);
+        way.plugin.type.records.back().listCount = listCount;
+        const PyRef type = PyRef::steal(getParamType("plug", "ints"));
+        CHECK(PyTuple_GetItem(type.get(), 1) == (isList ? Py_True : Py_False));
+
+        const char* TAKEN = "find:plug getParameter(ints) setParameter(ints) -> None";
+        CHECK_TEXT(way.run("ints", "(0, 5)").c_str(), isList ? INVALID : TAKEN);
+        CHECK_TEXT(way.run("ints", "(0, [(0, 1), (0, 2)])").c_str(), TAKEN);
+        CHECK_EQ(way.plugin.carried->getCount(0.0), isList ? 2 : -1);
         CHECK(destroyOwnedValue(&way.set, way.plugin.carried));
     }
 }
