@@ -22,10 +22,11 @@ void note(const char* operation, int index, double time) {
 
 void note(const char* operation, double time) { note(operation + std::string(time == 0.0 ? "" : " at another time")); }
 
-// A value of one type: single, a list of two, or, for the code of a list, a list of two ints that are opened.
+// A value of one type: single, a list of two, or, for the code of a list, a list of two single values that are opened.
 class RoadValue final : public KelmoPluginParameter {
   public:
-    RoadValue(int code, bool isList) : type(static_cast<ParamType>(code)), list(isList) {}
+    RoadValue(int code, bool isList, int elementCode = PARAM_UNKNOWN)
+        : type(static_cast<ParamType>(code)), list(isList), elementType(static_cast<ParamType>(elementCode)) {}
 
     const char* getName() override { return "param"; }
     // How often it is asked is not noted.
@@ -45,7 +46,7 @@ class RoadValue final : public KelmoPluginParameter {
     }
     ParamType getType(int index, double time) override {
         note("getType", index, time);
-        return type == PARAM_LIST && index != -1 ? PARAM_INT : type;
+        return type == PARAM_LIST && index != -1 ? elementType : type;
     }
     int getInt(int index, double time) override { return asked<int>("getInt", index, time); }
     float getFloat(int index, double time) override { return asked<float>("getFloat", index, time); }
@@ -82,6 +83,7 @@ class RoadValue final : public KelmoPluginParameter {
 
     ParamType type;
     bool list;
+    ParamType elementType;
     int depth = 0;
 };
 
@@ -115,7 +117,7 @@ TEST_CASE(theRoadOfOneRead) {
                         {9, "getString(0)", "getString(0) getString(1)"},
                         {10, "getPlugin(0)", "getPlugin(0) getPlugin(1)"},
                         {11, "getPlugin(0)", NOT_READ},
-                        {12, NOT_READ, "getType(0) open(0) getInt(0) close(70) getType(1) open(1) getInt(1) close(71)"},
+                        {12, NOT_READ, "getType(0) open(0) close(70) getType(1) open(1) close(71)"},
                         {17, "getPlugin(0)", NOT_READ},
                         {18, NOT_READ, NOT_READ}};
     StubHost host;
@@ -132,6 +134,19 @@ TEST_CASE(theRoadOfOneRead) {
             const std::string asked = std::string("getParameter(param) getType(-1)") + (*expected != 0 ? " " : "");
             CHECK_TEXT(road.c_str(), (asked + expected).c_str());
         }
+        // As an element of a list of lists it is opened, and then asked with its index all the same.
+        RoadValue value(PARAM_LIST, true, row.code);
+        plugin.carried = &value;
+        road.clear();
+        PyRef::steal(getParam("plug", "param"));
+        std::string expected = "getParameter(param) getType(-1)";
+        for (const char* index : {"0", "1"}) {
+            std::string asked = row.single;
+            if (!asked.empty()) asked.replace(asked.find('0'), 1, index).insert(0, " ");
+            const std::string in = std::string("(") + index + ")", out = std::string("(7") + index + ")";
+            expected += " getType" + in + " open" + in + asked + " close" + out;
+        }
+        CHECK_TEXT(road.c_str(), expected.c_str());
     }
 }
 

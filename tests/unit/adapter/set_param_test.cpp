@@ -198,6 +198,15 @@ TEST_CASE(whatThePluginIsAskedOnTheWay) {
     }
 }
 
+TEST_CASE(aProblemTakesTheErrorWithIt) {
+    Road way(true);
+    for (const char* value : {"(10, 5)", "(10, [(10, None)])", "(1000, ('nowhere', 5))"}) {
+        CHECK_ROW(value);
+        const std::string result = way.run("texture", value);
+        CHECK(result.find("-> The plugin \"") != std::string::npos);
+    }
+}
+
 TEST_CASE(everyListCountButMinusOneDeclaresAList) {
     const char* INVALID = "find:plug  -> Invalid value given for parameter \\\"ints\\\" in plugin \\\"plug\\\".";
     for (const int listCount : {INT32_MIN, -2, -1, 0, 1, 5}) {

@@ -9,6 +9,7 @@
 #include "clone/stub_plugin.h"
 #include "frame/method.h"
 #include "kelmo/core/exception_msg.h"
+#include "param/introspection.h"
 #include "param/set_param.h"
 #include "params/scalar/scalar_params.h"
 #include "pointer_set/owned_values.h"
@@ -23,6 +24,8 @@ using namespace KUtils::Python;
 namespace {
 
 constexpr char NAME[] = "function";
+
+std::string answers;  // of the callback to the last enumeration of a plugin's values
 
 // The values that a plugin of this test carries.
 class OneValue final : public KelmoParameterList {
@@ -136,8 +139,8 @@ PyCFunction const addSceneContentFunction = method<NAME, addSceneContent>;
 
 // Stands in for the core's: the lists of this test are not the core's own.
 void KelmoParameterList::enumParams(EnumParamsCallback* callback) {
-    callback->process(nullptr);  // is passed over
-    callback->process(&static_cast<OneValue*>(this)->value);
+    answers = std::to_string(callback->process(nullptr));  // is passed over
+    answers += std::to_string(callback->process(&static_cast<OneValue*>(this)->value));
 }
 
 TEST_CASE(creatingInTheMainScene) {
@@ -207,6 +210,22 @@ TEST_CASE(aCopyIsTheHostsBeforeThePluginIsAsked) {
         CHECK(destroyOwnedValue(&set, made.offered));
         kelmo_free(set.entries, set.capacity * POINTER_SET_ENTRY_BYTES);
     }
+}
+
+TEST_CASE(namesOfWhatAPluginCarries) {
+    NoManager host;
+    DefFloatParam value("strength", 0.5f, false), nameless(nullptr, 0.5f, false);
+    OneValue values(value), namelessValues(nameless);
+    const PyCFunction names = method<NAME, getPluginParams>;
+    CHECK_TEXT(host.call(names, "('taken', 1)").c_str(), "find:taken -> []");
+    host.taken.paramList = &values;
+    CHECK_TEXT(host.call(names, "('taken', 1)").c_str(), "find:taken -> ['strength']");
+    CHECK_TEXT(answers.c_str(), "11");  // goes on in either case
+    host.taken.paramList = &namelessValues;
+    CHECK_TEXT(host.call(names, "('taken', 1)").c_str(), "find:taken -> ['']");
+    CHECK_TEXT(host.call(names, "('taken', 0)").c_str(), "find:taken -> ['strength']");
+    host.nameless.descriptor = nullptr;
+    CHECK_TEXT(host.call(names, "('typeless', 0)").c_str(), "find:typeless -> []");
 }
 
 TEST_CASE(appendingGoesByTheListsCount) {
