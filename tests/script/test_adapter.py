@@ -40,6 +40,23 @@ class WrongKindsTest(AllKindsTest):
         self.setParam('float', (1, Silent()))
         self.assertWarned(self.conversionWarning('float', 'ValueError'))
 
+    def testAnErrorWhoseTextCannotBeHad(self):
+        class Unprintable(Exception):
+            def __str__(self):
+                raise RuntimeError('no text')
+
+        def raising(error):
+            class Raising(object):
+                def __float__(self):
+                    raise error
+            return Raising()
+        # A class's name stands for it, and its own failure does not stay pending.
+        for error, text in ((Unprintable(), 'Unprintable'), (ValueError(u'\xe9'), 'ValueError'),
+                            (KeyError('key'), "'key'"), (ValueError('%s%n'), '%s%n')):
+            self.assertEqual(self.setParam('float', (1, raising(error))), '(1, -1.0)')
+            self.assertIs(offlinehost.take_pending_error(), None)
+            self.assertWarned(self.conversionWarning('float', text))
+
     def testARefusedValueDoesNotWarn(self):
         self.assertInvalid('string', (0, 'x'))
         self.assertInvalid('int', (9, 5))

@@ -139,6 +139,15 @@ class AddTest(SceneContentTest):
             self.assertEqual(self.reads(), ['scene.readFile(null, 0, 1, null)'])
             self.assertIs(offlinehost.take_pending_error(), None)
 
+    def testAHoleInTheList(self):
+        # As _getParam hands them out.
+        self.module._create('UserAttributes', 'mixed')
+        self.module._setParam('mixed', 'values', (12, [(11, 'unknown')]))
+        offlinehost.observe()
+        self.assertRaises(Exception, self.module._addSceneContent, self.module._getParam('mixed', 'values')[1], '')
+        self.assertEqual(self.reads(), ['scene.readFile(null, 0, 1, null)'])
+        self.assertIs(offlinehost.take_pending_error(), None)
+
     def testAnEmptyFileNameIsNotNull(self):
         offlinehost.observe()
         self.assertRaises(Exception, self.module._addSceneContent, [''], '')

@@ -102,3 +102,36 @@ class CyclesTest(AllKindsTest):
             value = [(12, value)]
         self.assertEqual(self.setParam('anys', (12, value)), repr((12, value)))
         self.assertInvalid('anys', (12, [(12, value)]))
+
+
+class HolesTest(AllKindsTest):
+    """A mixed list that _getParam gives can have holes, and scripts write back what they read."""
+
+    WARNING = 'a (type code, value) pair is expected, not <NULL>'
+
+    def holes(self, given):
+        """The list that is read where this one was set."""
+        self.module._setParam('other', 'anys', (12, given))
+        return self.module._getParam('other', 'anys')
+
+    def testAHoleStaysAHole(self):
+        for given in ([(11, 'p')], [(0, 5), (11, 'p'), (12, [(11, 'p'), (9, 'a')]), (0, 6)]):
+            holes = self.holes(given)
+            self.assertIn('<NULL>', repr(holes))
+            self.assertEqual(self.setParam('anys', holes), repr(holes))
+            self.assertWarned(self.conversionWarning('anys', self.WARNING))
+
+    def testInAFlatListAHoleIsAnElementThatCannotBeRead(self):
+        for param, nothing, value in (
+                ('ints', 0, (0, 7)), ('floats', 0.0, (1, 0.5)), ('doubles', 0.0, (2, 0.5)),
+                ('vectors', (0.0, 0.0, 0.0), (4, (1.0, 2.0, 3.0))), ('strings', '', (9, 'a')),
+                ('plugins', None, (10, 'other'))):
+            code = PARAMS[param][0]
+            self.assertEqual((param, self.setParam(param, self.holes([(11, 'p'), value]))),
+                             (param, repr((code, [nothing, value[1]]))))
+            self.assertEqual(self.setParam(param, self.holes([value, (11, 'p')])), repr((code, [value[1], nothing])))
+            self.assertWarned(*[self.conversionWarning(param, self.WARNING)] * 2)
+
+    def testAHoleIsNoSingleValue(self):
+        for param in ('int', 'string', 'plugin'):
+            self.assertInvalid(param, self.holes([(11, 'p'), (0, 5)]))

@@ -26,8 +26,9 @@ class EarlierError {
 
 PyObject* taggedValue(PyObject* tagged) {
     if (isTagged(tagged)) return PyTuple_GET_ITEM(tagged, 1);
-    if (tagged != nullptr && PyErr_Occurred() == nullptr) {
-        PyErr_Format(PyExc_TypeError, "a (type code, value) pair is expected, not %.200s", Py_TYPE(tagged)->tp_name);
+    if (PyErr_Occurred() == nullptr) {
+        PyErr_Format(PyExc_TypeError, "a (type code, value) pair is expected, not %.200s",
+                     tagged != nullptr ? Py_TYPE(tagged)->tp_name : "<NULL>");
     }
     return nullptr;
 }

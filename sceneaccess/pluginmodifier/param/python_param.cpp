@@ -8,10 +8,8 @@ namespace KUtils::Python {
 
 namespace {
 
-// The tagged value at `index` of a list, or null when there is none.
-PyObject* listItem(PyObject* list, int index) {
-    return index >= 0 && index < PyList_GET_SIZE(list) ? PyList_GET_ITEM(list, index) : nullptr;
-}
+// Whether a list has an element at `index`. The element itself may be null: _getParam hands out lists with holes.
+bool hasElement(PyObject* list, int index) { return index >= 0 && index < PyList_GET_SIZE(list); }
 
 Vector vectorOf(PyObject* tuple) {
     Vector vector;
@@ -40,11 +38,10 @@ PythonParam::PythonParam(PyObject* tagged, const char* paramName)
 int PythonParam::getCount(double) { return isList(value) ? static_cast<int>(PyList_GET_SIZE(value)) : -1; }
 
 ListHandle PythonParam::openListImpl(int index) {
-    PyObject* element = isList(value) ? listItem(value, index) : nullptr;
-    if (element == nullptr) return 0;
+    if (!isList(value) || !hasElement(value, index)) return 0;
     const auto handle = reinterpret_cast<ListHandle>(current);
-    current = element;
-    value = taggedValue(element);
+    current = PyList_GET_ITEM(value, index);
+    value = taggedValue(current);
     return handle;
 }
 
@@ -57,15 +54,14 @@ ListHandle PythonParam::closeList(ListHandle handle) {
 
 ParamType PythonParam::getType(int index, double) {
     if (!isList(value)) return static_cast<ParamType>(taggedCode(current));
-    PyObject* element = listItem(value, index);
-    return element != nullptr ? static_cast<ParamType>(taggedCode(element)) : PARAM_UNKNOWN;
+    if (!hasElement(value, index)) return PARAM_UNKNOWN;
+    return static_cast<ParamType>(taggedCode(PyList_GET_ITEM(value, index)));
 }
 
 PyObject* PythonParam::valueOfType(int index, ParamType code) {
     if (getType(index, 0.0) != code) return nullptr;
     if (!isList(value)) return value;
-    PyObject* element = listItem(value, index);
-    return element != nullptr ? taggedValue(element) : nullptr;
+    return hasElement(value, index) ? taggedValue(PyList_GET_ITEM(value, index)) : nullptr;
 }
 
 int PythonParam::getInt(int index, double) {
@@ -125,8 +121,8 @@ TraceTransform PythonParam::getTransform(int index, double) {
 const char* PythonParam::getString(int index, double) { return textOf(valueOfType(index, PARAM_STRING)); }
 
 PluginBase* PythonParam::getPlugin(int index, double, const char** outputName) {
-    PyObject* element = isList(value) ? listItem(value, index) : current;
-    if (element == nullptr) return nullptr;
+    if (isList(value) && !hasElement(value, index)) return nullptr;
+    PyObject* element = isList(value) ? PyList_GET_ITEM(value, index) : current;
     const std::int32_t code = taggedCode(element);
     if (code != PARAM_PLUGIN && code != PARAM_OUTPUT_TEXTURE) {
         if (outputName != nullptr) *outputName = nullptr;

@@ -74,9 +74,9 @@ class ExactTag {
   public:
     explicit ExactTag(long wanted) : code(wanted) {}
 
-    // The value of an object that is exactly (code, value), else null.
+    // The value of an object that is exactly (code, value), else null. A list can have null for an object.
     PyObject* valueOf(PyObject* object) {
-        if (!PyTuple_CheckExact(object) || PyTuple_GET_SIZE(object) != 2) return nullptr;
+        if (object == nullptr || !PyTuple_CheckExact(object) || PyTuple_GET_SIZE(object) != 2) return nullptr;
         PyObject* tag = PyTuple_GET_ITEM(object, 0);
         if (tag != known && !(PyInt_CheckExact(tag) && PyInt_AS_LONG(tag) == code)) return nullptr;
         known = tag;

@@ -27,9 +27,10 @@ KelmoScene* makeScene() {
     }
 }
 
-// A copy of the item's characters, because reading a file may change the list; null for an item without any.
+// A copy of the item's characters, because reading a file may change the list; null for an item without any, and for a
+// hole, which lists that _getParam hands out can have.
 TextRef fileName(PyObject* item) {
-    const char* characters = PyString_AsString(item);
+    const char* characters = item != nullptr ? PyString_AsString(item) : nullptr;
     PyErr_Clear();
     return TextRef(makeSharedText(characters));
 }

@@ -16,6 +16,11 @@ inline KUtils::Python::PyRef python(const char* expression) {
             "class Broken(object):\n"
             "    def __float__(self): raise ValueError('broken float')\n"
             "    def __int__(self): raise ValueError('broken int')\n"
+            "class Loops(object):\n"
+            "    def __int__(self):\n"
+            "        for i in (1, 2): pass\n"
+            "        return 7\n"
+            "    def __float__(self): return float(self.__int__())\n"
             "class Pair(tuple): pass\n"
             "class Items(list): pass\n";
         Py_XDECREF(PyRun_String(definitions, Py_file_input, names, names));

@@ -7,6 +7,7 @@
 #include "expression.h"
 #include "frame/problem.h"
 #include "frame/py_ref.h"
+#include "param/introspection.h"
 #include "pointer_set/owned_values.h"
 #include "pointer_set/pointer_hash.h"
 #include "pointer_set/pointer_set_algorithm.h"
@@ -131,6 +132,15 @@ TEST_CASE(theSameValueAgainIsRegisteredOnce) {
     CHECK(destroyOwnedValue(&way.set, way.plugin.carried));
 }
 
+TEST_CASE(aValueIsRegisteredOnce) {
+    Road way(true);
+    auto* value = new OldValue(nullptr);
+    for (int i = 0; i < 2; ++i) registerOwnedValue(&way.set, value);
+    CHECK_EQ(way.set.count, 1u);
+    CHECK(destroyOwnedValue(&way.set, value));
+    CHECK(!way.owns(value));
+}
+
 TEST_CASE(aRefusedValueNeverReachesTheSet) {
     Road way(true);
     OldValue old(nullptr);
@@ -185,6 +195,79 @@ TEST_CASE(whatThePluginIsAskedOnTheWay) {
         const bool texture = std::string(row.param) == "texture";
         CHECK_TEXT(calls.c_str(), (row.calls + (texture ? taken : "")).c_str());
         CHECK(destroyOwnedValue(&way.set, way.plugin.carried));
+    }
+}
+
+TEST_CASE(aProblemTakesTheErrorWithIt) {
+    Road way(true);
+    for (const char* value : {"(10, 5)", "(10, [(10, None)])", "(1000, ('nowhere', 5))"}) {
+        CHECK_ROW(value);
+        const std::string result = way.run("texture", value);
+        CHECK(result.find("-> The plugin \"") != std::string::npos);
+    }
+}
+
+TEST_CASE(everyListCountButMinusOneDeclaresAList) {
+    const char* INVALID = "find:plug  -> Invalid value given for parameter \\\"ints\\\" in plugin \\\"plug\\\".";
+    for (const int listCount : {INT32_MIN, -2, -1, 0, 1, 5}) {
+        const bool isList = listCount != -1;
+        const std::string label = std::to_string(listCount);
+        CHECK_ROW(label.c_str());
+        Road way(true);
+        way.plugin.type.declare("ints", PARAM_INT);
+        way.plugin.type.records.back().listCount = listCount;
+        const PyRef type = PyRef::steal(getParamType("plug", "ints"));
+        CHECK(PyTuple_GetItem(type.get(), 1) == (isList ? Py_True : Py_False));
+
+        const char* TAKEN = "find:plug getParameter(ints) setParameter(ints) -> None";
+        CHECK_TEXT(way.run("ints", "(0, 5)").c_str(), isList ? INVALID : TAKEN);
+        CHECK_TEXT(way.run("ints", "(0, [(0, 1), (0, 2)])").c_str(), TAKEN);
+        CHECK_EQ(way.plugin.carried->getCount(0.0), isList ? 2 : -1);
+        CHECK(destroyOwnedValue(&way.set, way.plugin.carried));
+    }
+}
+
+namespace {
+
+// An extra scene that holds at most one plugin, and writes down what is attached to it.
+class ExtraScene final : public KelmoScene {
+  public:
+    ExtraScene(const char* sceneName, Plugin* held) : KelmoScene(nullptr, nullptr, 0), name(sceneName), plugin(held) {}
+    Plugin* findPlugin(const char*) override { return plugin; }
+    void attachParameter(KelmoPluginParameter* param) override {
+        note("attach(" + std::string(name) + ", " + std::to_string(param->getFloat(0, 0.0)).substr(0, 4) + ")");
+    }
+
+  private:
+    const char* name;
+    Plugin* plugin;
+};
+
+}  // namespace
+
+TEST_CASE(theSceneThatHoldsThePluginIsToldOfTheNewValue) {
+    // From the head of the list: one that holds nothing, one that could not be made, and two that hold the plugin.
+    for (const int holder : {2, 3}) {
+        CHECK_ROW(holder == 2 ? "third" : "fourth");
+        Road way(true);
+        RoadPlugin kept;
+        kept.name = "extra";
+        kept.descriptor = &kept.type;
+        OldValue old(&way.set);
+        kept.carried = &old;
+        ExtraScene first("first", nullptr), third("third", holder == 2 ? &kept : nullptr), fourth("fourth", &kept);
+        SceneNode nodes[] = {{&first, &nodes[1]}, {nullptr, &nodes[2]}, {&third, &nodes[3]}, {&fourth, nullptr}};
+        SceneList list{};
+        list.head = nodes;
+        list.count = 4;
+        sceneAccessState->sceneList = &list;
+        const PyRef value = python("(1, 0.5)");
+        road.clear();
+        PyRef::steal(setParam("extra", "strength", value.get()));
+        CHECK_TEXT(road.c_str(), (std::string("getParameter(strength) setParameter(strength) attach(") +
+                                  (holder == 2 ? "third" : "fourth") + ", 0.50)")
+                                     .c_str());
+        CHECK(destroyOwnedValue(&way.set, kept.carried));
     }
 }
 

@@ -8,6 +8,7 @@
 #include "frame/method.h"
 #include "kelmo/core/exception_msg.h"
 #include "main_scene.h"
+#include "param/introspection.h"
 #include "param/set_param.h"
 #include "params/scalar/scalar_params.h"
 #include "pointer_set/owned_values.h"
@@ -22,6 +23,8 @@ using namespace KUtils::Python;
 namespace {
 
 constexpr char NAME[] = "function";
+
+std::string answers;  // of the callback to the last enumeration of a plugin's values
 
 PyCFunction const createFunction = method<NAME, create>;
 PyCFunction const deleteFunction = method<NAME, deletePlugin>;
@@ -41,8 +44,8 @@ class NeverCloned final : public ScalarParam<float> {
 
 // Stands in for the core's: the lists of this test are not the core's own.
 void KelmoParameterList::enumParams(EnumParamsCallback* callback) {
-    callback->process(nullptr);  // is passed over
-    callback->process(&static_cast<OneValue*>(this)->value);
+    answers = std::to_string(callback->process(nullptr));  // is passed over
+    answers += std::to_string(callback->process(&static_cast<OneValue*>(this)->value));
 }
 
 TEST_CASE(creatingInTheMainScene) {
@@ -185,6 +188,22 @@ TEST_CASE(aFileListThatChangesWhileItIsRead) {
         CHECK_TEXT(host.call(appendSceneContentFunction, args.get()).c_str(),
                    (row.calls + std::string("-> None")).c_str());
     }
+}
+
+TEST_CASE(namesOfWhatAPluginCarries) {
+    NoManager host;
+    DefFloatParam value("strength", 0.5f, false), nameless(nullptr, 0.5f, false);
+    OneValue values(value), namelessValues(nameless);
+    const PyCFunction names = method<NAME, getPluginParams>;
+    CHECK_TEXT(host.call(names, "('taken', 1)").c_str(), "find:taken -> []");
+    host.taken.paramList = &values;
+    CHECK_TEXT(host.call(names, "('taken', 1)").c_str(), "find:taken -> ['strength']");
+    CHECK_TEXT(answers.c_str(), "11");  // goes on in either case
+    host.taken.paramList = &namelessValues;
+    CHECK_TEXT(host.call(names, "('taken', 1)").c_str(), "find:taken -> ['']");
+    CHECK_TEXT(host.call(names, "('taken', 0)").c_str(), "find:taken -> ['strength']");
+    host.typeless.descriptor = nullptr;
+    CHECK_TEXT(host.call(names, "('typeless', 0)").c_str(), "find:typeless -> []");
 }
 
 TEST_CASE(appendingGoesByTheListsCount) {

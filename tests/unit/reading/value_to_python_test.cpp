@@ -209,6 +209,23 @@ TEST_CASE(aCountThatFallsLeavesHoles) {
     CHECK_TEXT(shown(valueToPython(negative, PARAM_LIST, 0)).c_str(), "(12, [])");
 }
 
+TEST_CASE(endlessNestingEndsWithAnError) {
+    class Endless final : public TreeSource {
+      public:
+        Endless() : TreeSource(list(12, {})) {}
+        int getCount(double) override { return 1; }
+        ParamType getType(int, double) override { return PARAM_LIST; }
+        ListHandle openListImpl(int) override { return ++opened; }
+        ListHandle closeList(ListHandle) override { return --opened; }
+        int opened = 0;
+    };
+    Endless endless;
+    const int before = PyThreadState_GET()->recursion_depth;
+    CHECK_TEXT(read(endless).c_str(), "exceptions.RuntimeError");
+    CHECK_EQ(endless.opened, 0);
+    CHECK_EQ(PyThreadState_GET()->recursion_depth, before);
+}
+
 TEST_CASE(declaredDefaults) {
     ParamDesc desc{};
     desc.listCount = 3;  // not looked at
