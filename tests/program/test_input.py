@@ -29,7 +29,8 @@ DAMAGED = [
 TYPES = [
     ("{", "[types/x.json] the plugin types cannot be read | line 1, column 2: Missing a name for object member."),
     ('{"family":"x","types":[{"name":"A","kind":"ligt"}]}',
-     '[types/x.json] the plugin types cannot be read | types[0].kind: unknown kind "ligt"'),
+     '[types/x.json] the plugin types cannot be read | types[0] "A".kind: unknown kind "ligt"; did '
+     'you mean "light"?'),
 ]
 
 
