@@ -61,6 +61,13 @@ class Input(ProgramTest):
         self.write("scene.txt", self.read("scene.kscene"))
         self.check(self.run_program("cat", "scene.txt"), 0, self.read("scene.kscene"), "")
 
+    def test_scene_from_a_pipe(self):
+        text = self.read("scene.kscene")
+        self.check(self.run_through_a_pipe(text, "cat", "pipe"), 0, text, "")
+        self.write("script.py", "print 'ran'\n")
+        self.check(self.run_through_a_pipe(text, "run", "pipe", "script.py"), 0, "ran\nnothing changed\n", "")
+        self.check(self.run_through_a_pipe("hello", "cat", "pipe"), 4, "", "kelmo-offline: [pipe] " + DAMAGED[1][1] + "\n")
+
     def test_damaged_types(self):
         os.mkdir(self.path("types"))
         for text, message in TYPES:
