@@ -55,6 +55,16 @@ class ExportsTest(support.ModuleTest):
             self.assertWarned('The %s \\"%s\\" could not be exported.' % (kind, name))
         self.assertEqual(offlinehost.text(), before)
 
+    def testWhyARecordCannotBeMade(self):
+        self.module._create('TexChecker', 'steel@mtl')
+        self.assertIs(self.module._exportMaterial('steel'), None)
+        self.assertWarned('a deferred record cannot be made: [scene] line 3, column 1 | plugin "steel@mtl" | '
+                          'a plugin of this name stands in the scene already',
+                          'The material \\"steel\\" could not be exported.')
+        # A record that refers to it is made, and refers to the plugin of that name.
+        self.assertEqual(self.module._exportNode('teapot'), 'teapot')
+        self.assertEqual(self.module._getParam('teapot', 'material'), (10, 'steel@mtl'))
+
 
 class WithoutPrintWarningTest(support.HostTest):
 

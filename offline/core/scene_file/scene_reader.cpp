@@ -1,6 +1,6 @@
 #include "core/scene_file/scene_reader.h"
 
-#include "core/base/error_maker.h"
+#include "core/scene_file/line_error.h"
 
 namespace Offline {
 namespace {
@@ -11,10 +11,7 @@ constexpr int FORMAT_VERSION = 1;
 
 KUtils::ErrorRecord* SceneReader::damaged(std::uint64_t line, std::size_t column, const std::string& place,
                                           const std::string& message) const {
-    KUtils::ErrorRecord* chain = makeError(nullptr, nullptr, "%s", message.c_str());
-    if (!place.empty()) chain = makeError(nullptr, chain, "%s", place.c_str());
-    return makeError(shownName, chain, "line %llu, column %llu", static_cast<unsigned long long>(line),
-                     static_cast<unsigned long long>(column));
+    return lineError(shownName, line, column, place, message);
 }
 
 KUtils::ErrorRecord* SceneReader::readLine(const char* begin, const char* end) {
@@ -51,11 +48,13 @@ bool SceneReader::readHeader(JsonText& text) {
             return text.fail("\"x\", \"y\" or \"z\"");
         }
         if (key == "unit") {
-            const char* digits = nullptr;
-            std::size_t length = 0;
-            if (!once(4) || !text.readNumber(digits, length, "a number of metres")) return false;
-            header.unit.assign(digits, length);
-            return true;
+            const char* where = text.mark();
+            double metres = 0;
+            if (!once(4) || !text.readDouble(metres, "a number of metres")) return false;
+            header.unit.assign(where, text.position());
+            if (metres > 0) return true;
+            text.moveTo(where);
+            return text.fail("a number of metres above 0");
         }
         if (key == "source") return once(8) && text.readText(header.source, "the name of a file");
         return text.failAt(text.last(), "the header has no key " + quoted(key));
@@ -76,7 +75,7 @@ KUtils::ErrorRecord* SceneReader::readPlugin(JsonText& text, const char* begin, 
         return damaged(lineNumber, 1, place, "a plugin of this name stands in the scene already");
     if (!plugin.deferred) {
         if (buildPlugin(contents, plugin, lineNumber, open) != nullptr) return nullptr;
-        return damaged(lineNumber, 1, place, "there is not enough memory");
+        return damaged(lineNumber, 1, place, NO_MEMORY);
     }
     DeferredRecord record;
     record.name = plugin.name;

@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "core/scene_file/line_error.h"
+
 namespace Offline {
 namespace {
 
@@ -55,7 +57,7 @@ bool readFloatOrSpecial(JsonText& text, Float& value, const char* expected) {
 
 }  // namespace
 
-bool ValueReader::noMemory() { return text.failAt(text.mark(), "there is not enough memory"); }
+bool ValueReader::noMemory() { return text.failAt(text.mark(), NO_MEMORY); }
 
 Value* ValueReader::made(Value* value) {
     if (value == nullptr) noMemory();

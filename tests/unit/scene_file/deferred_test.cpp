@@ -1,4 +1,6 @@
 // Records that wait: kept as they were written, made with what they refer to when somebody asks.
+#include <cstring>
+
 #include "check.h"
 #include "core/core_api.h"
 #include "test_scene.h"
@@ -98,6 +100,47 @@ TEST_CASE(aRecordOutlivesWhatItRefersTo) {
     CHECK_TEXT(again.readLines(test.lines()).c_str(), "");
     CHECK(Offline::materialise(again.contents, "x", nullptr) != nullptr);
     CHECK_TEXT(again.lines().c_str(), "{\"type\":\"Material\",\"name\":\"x\",\"params\":{\"next\":null}}\n");
+}
+
+// A record that could be read once, and can be made no more, says why.
+TEST_CASE(whyARecordCannotBeMade) {
+    struct Row {
+        const char* label;
+        const char* types;  // added after the scene was read
+        const char* error;
+    };
+    const Row rows[] = {
+        {"as before", "{\"types\":[]}", ""},
+        {"the parameter is gone",
+         "{\"types\":[{\"name\":\"Material\",\"params\":[{\"name\":\"nest\",\"type\":\"plugin\"}]}]}",
+         "[s] line 3, column 61 | plugin \"three\", parameter \"next\" | the type \"Material\" has no parameter "
+         "\"next\" "
+         "(did you mean \"nest\"?)"},
+        {"the parameter is an int",
+         "{\"types\":[{\"name\":\"Material\",\"params\":[{\"name\":\"next\",\"type\":\"int\"}]}]}",
+         "[s] line 3, column 68 | plugin \"three\", parameter \"next\" | expected an integer, found \"a\""},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.label);
+        TestScene test;
+        CHECK_TEXT(test.readLines(std::string(A) + THREE).c_str(), "");
+        CHECK_TEXT(takeError(test.contents.catalogue().addText(row.types, std::strlen(row.types), "t")).c_str(), "");
+        KUtils::ErrorRecord* problem = nullptr;
+        const KUtils::Plugin* plugin = Offline::materialise(test.contents, "three", nullptr, &problem);
+        CHECK_EQ(plugin != nullptr, *row.error == '\0');
+        CHECK_TEXT(takeError(problem).c_str(), row.error);
+        if (plugin == nullptr) CHECK_TEXT(test.lines().c_str(), (std::string(A) + THREE).c_str());
+    }
+    // Its name was given to another plugin.
+    TestScene test;
+    CHECK_TEXT(test.readLines(scene()).c_str(), "");
+    CHECK(test.contents.create(*test.contents.catalogue().find("Node"), "one") != nullptr);
+    KUtils::ErrorRecord* problem = nullptr;
+    CHECK(Offline::materialise(test.contents, "|one", nullptr, &problem) == nullptr);
+    CHECK_TEXT(takeError(problem).c_str(),
+               "[s] line 3, column 1 | plugin \"one\" | a plugin of this name stands in the scene already");
+    CHECK(Offline::materialise(test.contents, "nobody", nullptr, &problem) == nullptr);
+    CHECK(problem == nullptr);
 }
 
 TEST_CASE(aPluginOfItsNameStandsForARecord) {
