@@ -1,6 +1,7 @@
 #include "core/scene_file/line_error.h"
 
 #include "core/base/error_maker.h"
+#include "core/scene_file/json_text.h"
 
 namespace Offline {
 
@@ -10,6 +11,10 @@ KUtils::ErrorRecord* lineError(const char* file, std::uint64_t line, std::size_t
     if (!place.empty()) chain = makeError(nullptr, chain, "%s", place.c_str());
     return makeError(file, chain, "line %llu, column %llu", static_cast<unsigned long long>(line),
                      static_cast<unsigned long long>(column));
+}
+
+std::string suggestion(const char* nearest) {
+    return nearest != nullptr ? " (did you mean " + quoted(nearest) + "?)" : std::string();
 }
 
 }  // namespace Offline

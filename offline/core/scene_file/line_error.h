@@ -17,4 +17,7 @@ constexpr char NO_MEMORY[] = "there is not enough memory";
 KUtils::ErrorRecord* lineError(const char* file, std::uint64_t line, std::size_t column, const std::string& place,
                                const std::string& message);
 
+// " (did you mean "color"?)", or nothing when no name is near.
+std::string suggestion(const char* nearest);
+
 }  // namespace Offline

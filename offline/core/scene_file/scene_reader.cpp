@@ -1,11 +1,35 @@
 #include "core/scene_file/scene_reader.h"
 
+#include <cstring>
+
+#include "core/base/nearest_name.h"
 #include "core/scene_file/line_error.h"
 
 namespace Offline {
 namespace {
 
 constexpr int FORMAT_VERSION = 1;
+
+constexpr const char* HEADER_KEYS[] = {"kelmo-scene", "up", "unit", "source"};
+
+const char* nearestHeaderKey(const std::string& key) {
+    NearestName nearest(key.c_str());
+    for (const char* known : HEADER_KEYS) nearest.offer(known);
+    return nearest.best();
+}
+
+// The plugin whose name is nearest, among as many as can be compared in a moment.
+const char* nearestPlugin(const SceneContents& contents, const std::string& name) {
+    constexpr std::size_t MOST_COMPARISONS = 200000000;
+    NearestName nearest(name.c_str());
+    std::size_t comparisons = 0;
+    for (const OfflinePlugin* plugin = contents.first(); plugin != nullptr; plugin = SceneContents::next(plugin)) {
+        comparisons += name.size() * std::strlen(plugin->name);
+        if (comparisons > MOST_COMPARISONS) break;
+        nearest.offer(plugin->name);
+    }
+    return nearest.best();
+}
 
 }  // namespace
 
@@ -57,7 +81,7 @@ bool SceneReader::readHeader(JsonText& text) {
             return text.fail("a number of metres above 0");
         }
         if (key == "source") return once(8) && text.readText(header.source, "the name of a file");
-        return text.failAt(text.last(), "the header has no key " + quoted(key));
+        return text.failAt(text.last(), "the header has no key " + quoted(key) + suggestion(nearestHeaderKey(key)));
     });
     if (!read || !text.needEnd()) return false;
     if ((seen & 1) == 0) return text.failAt(start, "the header must have the key \"kelmo-scene\"");
@@ -103,7 +127,8 @@ KUtils::ErrorRecord* SceneReader::finish() {
     if (missing == 0) return nullptr;
     const bool deferred = contents.deferred().findByName(firstReference->name) != nullptr;
     std::string message = deferred ? "refers to " + quoted(firstReference->name) + ", which is deferred"
-                                   : "there is no plugin " + quoted(firstReference->name);
+                                   : "there is no plugin " + quoted(firstReference->name) +
+                                         suggestion(nearestPlugin(contents, firstReference->name));
     if (missing > 1) message += " (the first of " + std::to_string(missing) + " such references)";
     return damaged(firstValue->line, firstReference->column,
                    "plugin " + quoted(firstValue->plugin) + ", parameter " + quoted(firstValue->param), message);
