@@ -136,6 +136,11 @@ TEST_CASE(fieldsOfListsOfLists) {
         const Owned copy(cloneOf(*value));
         checkArray(*copy, 32, 3, 1, 3);
         CHECK_EQ(fieldAt<const ArrayRecord<char>* const*>(*copy, 48)[2]->step, 1);
+        // No operation sets the second-level index, but the renderer may, and a clone has it too.
+        const std::int32_t second = 7;
+        std::memcpy(reinterpret_cast<char*>(value.value) + 64, &second, sizeof second);
+        const Owned later(cloneOf(*value));
+        CHECK_EQ(fieldAt<std::int32_t>(*later, 64), 7);
     }
 }
 
