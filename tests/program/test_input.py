@@ -102,6 +102,15 @@ class Input(ProgramTest):
         self.assertNotIn('"deferred":true', plain.out)
         self.assertEqual(len(result.out.splitlines()), len(plain.out.splitlines()))
 
+    def test_deferred_camera_of_a_node_that_stands(self):
+        self.write("script.py", "import kelmo.pluginmodifier as pm\npm._init()\nprint pm._exportCamera('shotCam')\n"
+                                "pm._uninit()\n")
+        scene = os.path.join(SCENES, "studio.glb")
+        result = self.run_program("run", scene, "script.py", "--defer", "cameras", "--json")
+        self.check(result, 0)
+        self.assertEqual([change["plugin"] for change in result.json()["changes"] if change["change"] == "created"],
+                         ["shotCam@camera"])
+
     def test_translation_notes(self):
         for name, notes in [
                 ("studio.glb", ["a unit is 1 m (always so in glTF)", "y is up (always so in glTF)"]),

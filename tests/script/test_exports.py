@@ -55,6 +55,12 @@ class ExportsTest(support.ModuleTest):
             self.assertWarned('The %s \\"%s\\" could not be exported.' % (kind, name))
         self.assertEqual(offlinehost.text(), before)
 
+    def testTheKindDecidesAmongThoseOfANode(self):
+        # A camera waits while the node that carries it, and has its name, stands in the scene.
+        self.module._create('GeomNode', '|group|cam')
+        self.assertEqual(self.module._exportNode('|group|cam'), '|group|cam')
+        self.assertEqual(self.module._exportCamera('|group|cam'), 'cam')
+
     def testWhyARecordCannotBeMade(self):
         self.module._create('TexChecker', 'steel@mtl')
         self.assertIs(self.module._exportMaterial('steel'), None)

@@ -67,10 +67,15 @@ KUtils::Plugin* materialise(SceneContents& contents, const char* node, const cha
                             KUtils::ErrorRecord** problem) {
     if (problem != nullptr) *problem = nullptr;
     if (node == nullptr) return nullptr;
-    OfflinePlugin* plugin = contents.findByNode(node);
-    if (plugin != nullptr) return isOfKind(&plugin->type(), kind) ? plugin : nullptr;
-    DeferredRecord* record = contents.deferred().findByNode(node);
-    if (record == nullptr || !isOfKind(contents.catalogue().find(record->type), kind)) return nullptr;
+    OfflinePlugin* plugin =
+        contents.findByNode(node, [kind](const OfflinePlugin& found) { return isOfKind(&found.type(), kind); });
+    if (plugin != nullptr) return plugin;
+    // What is asked for by its name, and whose name another plugin has, is that plugin.
+    const bool nameIsTaken = contents.find(node) != nullptr;
+    DeferredRecord* record = contents.deferred().findByNode(node, [&](const DeferredRecord& waiting) {
+        return isOfKind(contents.catalogue().find(waiting.type), kind) && !(nameIsTaken && waiting.name == node);
+    });
+    if (record == nullptr) return nullptr;
     Problem found;
     plugin = buildWithReferences(contents, *record, found);
     if (problem != nullptr) *problem = found.take();

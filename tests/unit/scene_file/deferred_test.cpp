@@ -58,6 +58,52 @@ TEST_CASE(otherKindsAndUnknownNodesAreRefused) {
     }
 }
 
+// Of one node there can be a plugin of each kind, standing and waiting.
+TEST_CASE(theKindDecidesAmongThoseOfANode) {
+    struct Row {
+        const char* label;
+        const char* lines;
+        const char* node;
+        const char* kind;
+        const char* name;  // of the plugin; null: none
+    };
+    const char both[] =
+        "{\"type\":\"Material\",\"name\":\"m\",\"node\":\"brick\",\"deferred\":true}\n"
+        "{\"type\":\"Node\",\"name\":\"n\",\"node\":\"brick\",\"deferred\":true}\n";
+    const char standing[] =
+        "{\"type\":\"Node\",\"name\":\"brick\"}\n"
+        "{\"type\":\"Material\",\"name\":\"m\",\"node\":\"brick\",\"deferred\":true}\n";
+    const char later[] =
+        "{\"type\":\"Node\",\"name\":\"n\",\"node\":\"brick\"}\n"
+        "{\"type\":\"Material\",\"name\":\"m\",\"node\":\"brick\"}\n"
+        "{\"type\":\"Material\",\"name\":\"brick\",\"deferred\":true}\n";
+    const Row rows[] = {
+        {"both wait", both, "brick", "material", "m"},       {"both wait", both, "brick", "node", "n"},
+        {"both wait", both, "brick", "texture", nullptr},    {"both wait", both, "brick", nullptr, "m"},
+        {"one stands", standing, "brick", "material", "m"},  {"one stands", standing, "brick", "node", "brick"},
+        {"one stands", standing, "brick", nullptr, "brick"}, {"the second stands", later, "brick", "material", "m"},
+        {"the second stands", later, "brick", "node", "n"},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.label);
+        TestScene test;
+        CHECK_TEXT(test.readLines(row.lines).c_str(), "");
+        KUtils::ErrorRecord* problem = nullptr;
+        const KUtils::Plugin* plugin = Offline::materialise(test.contents, row.node, row.kind, &problem);
+        CHECK(plugin == (row.name != nullptr ? test.find(row.name) : nullptr));
+        CHECK_EQ(plugin != nullptr, row.name != nullptr);
+        CHECK_TEXT(takeError(problem).c_str(), "");
+    }
+    // A plugin of the record's name stands for it, also for a kind that it is not.
+    TestScene test;
+    CHECK_TEXT(test.readLines(THREE).c_str(), "");
+    CHECK(test.contents.create(*test.contents.catalogue().find("Node"), "three") != nullptr);
+    KUtils::ErrorRecord* problem = nullptr;
+    CHECK(Offline::materialise(test.contents, "three", "material", &problem) == nullptr);
+    CHECK(problem == nullptr);
+    CHECK(Offline::materialise(test.contents, "three", "node", nullptr) == test.find("three"));
+}
+
 TEST_CASE(recordsKeepTheirPlaceWhenPluginsAroundThemGo) {
     TestScene test;
     CHECK_TEXT(test.readLines(scene()).c_str(), "");
