@@ -158,6 +158,17 @@ TEST_CASE(fieldsOfTheMapChannels) {
     CHECK_EQ(channels[1].number, 44);
     CHECK_EQ(channels[1].vertices.step, 100);
     CHECK_EQ(channels[1].faces.step, 100);
+    // Counts that are set are met exactly, those that are reserved too.
+    settableOf(*value).setCount(3);
+    CHECK_EQ(channels[1].faces.capacity, 3);
+    settableOf(*value).reserve(5);
+    CHECK_EQ(channels[1].faces.capacity, 5);
+    value->closeList(0);
+    value->openList(1);
+    settableOf(*value).setCount(3);
+    CHECK_EQ(channels[1].vertices.capacity, 3);
+    settableOf(*value).reserve(5);
+    CHECK_EQ(channels[1].vertices.capacity, 5);
     CHECK_EQ(static_cast<int>(reinterpret_cast<const char*>(&channels[1].vertices) -
                               reinterpret_cast<const char*>(&channels[1])),
              8);
