@@ -1,9 +1,10 @@
 """What cannot be read: scenes, exports and plugin types, each with its message and exit code."""
 import os
+import shutil
 import signal
 import unittest
 
-from program import SCENES, ProgramTest
+from program import SCENES, STAGE, ProgramTest
 
 START = '{"kelmo-scene":1}\n'
 
@@ -134,6 +135,18 @@ class Input(ProgramTest):
         self.check(self.run_in_tree("cat", "shot.glb"), 6, "",
                    'kelmo-offline: "shot.glb" was not translated: the program "%s" could not be started.\n'
                    % self.path("tree/libexec/kelmo-translate"))
+        shutil.rmtree(self.path("tree"))
+        for part, replaced in [("share/kelmo-offline/types", "share"), ("python/kelmo", "python")]:
+            self.make_tree(None)
+            os.unlink(self.path("tree/" + replaced))
+            self.write("script.py", "print 'ran'\n")
+            for arguments in [["info"], ["cat", "scene.kscene"], ["run", "scene.kscene", "script.py"]]:
+                with self.subTest(part, command=arguments[0]):
+                    self.check(self.run_in_tree(*arguments), 6, "",
+                               'kelmo-offline: the installation is not complete: "%s" cannot be read: '
+                               'No such file or directory\n' % self.path("tree/" + part))
+            shutil.rmtree(self.path("tree"))
+        self.make_tree(None)
         library = self.path("tree/plug-ins/kelmoformaya.mll")
         os.unlink(self.path("tree/plug-ins"))
         self.check(self.run_in_tree("cat", "scene.kscene"), 6, "",
@@ -143,6 +156,21 @@ class Input(ProgramTest):
         self.write("tree/plug-ins/kelmoformaya.mll", "no library")
         self.check(self.run_in_tree("cat", "scene.kscene"), 6, "",
                    "kelmo-offline: the host library cannot be loaded: %s: file too short\n" % library)
+
+    def test_damaged_types_of_the_installation(self):
+        self.make_tree(None)
+        os.unlink(self.path("tree/plug-ins"))
+        # The host finds its types from its own place.
+        shutil.copytree(os.path.join(STAGE, "plug-ins"), self.path("tree/plug-ins"))
+        os.unlink(self.path("tree/share"))
+        os.makedirs(self.path("tree/share/kelmo-offline/types"))
+        self.write("tree/share/kelmo-offline/types/x.json", "{")
+        why = ("the plugin types could not be read: [%s/../share/kelmo-offline/types/x.json] the plugin types cannot be "
+               "read | line 1, column 2: Missing a name for object member.\n" % self.path("tree/plug-ins"))
+        for arguments in [["info"], ["cat", "scene.kscene"]]:
+            with self.subTest(arguments[0]):
+                self.check(self.run_in_tree(*arguments), 6, "",
+                           "kelmo: warning: " + why + "kelmo-offline: the installation is damaged: " + why)
 
 
 if __name__ == "__main__":
