@@ -24,7 +24,8 @@ std::string ChangeText::add(const std::string& line) {
     const std::string kind = memberText(change, "change");
     if (kind == "scene_added") {
         ++scenes_;
-        return fmt::format("loaded   an extra scene of {} plugins\n", compact(change["plugins"]));
+        const std::string plugins = compact(change["plugins"]);
+        return fmt::format("loaded   an extra scene of {} plugin{}\n", plugins, plugins == "1" ? "" : "s");
     }
     const std::string plugin = memberText(change, "plugin");
     if (kind == "created" || kind == "deleted") {

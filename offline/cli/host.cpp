@@ -36,6 +36,8 @@ Host::Host(const std::string& library) {
     if (!control_ || control_->size < sizeof(OfflineControl)) {
         throw Failure(exitInstallation, "the host library \"" + library + "\" is of another version than this program");
     }
+    // So early the host can only warn of its own files.
+    warnings([](const std::string& text) { throw Failure(exitInstallation, "the installation is damaged: " + text); });
 }
 
 void Host::check(int result, ExitCode code) const {

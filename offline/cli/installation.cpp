@@ -22,9 +22,12 @@ Installation Installation::find() {
     place.hostLibrary = root + "/plug-ins/kelmoformaya.mll";
     place.pythonFolder = root + "/python";
     place.translator = root + "/libexec/kelmo-translate";
-    if (access(place.hostLibrary.c_str(), R_OK) != 0) {
-        throw Failure(exitInstallation, "the installation is not complete: \"" + place.hostLibrary +
-                                            "\" cannot be read: " + strerror(errno));
+    // What would be missed late, and with other words. The translator is missed only by who needs it.
+    for (const std::string& part : {place.hostLibrary, root + "/share/kelmo-offline/types", root + "/python/kelmo"}) {
+        if (access(part.c_str(), R_OK) != 0) {
+            throw Failure(exitInstallation,
+                          "the installation is not complete: \"" + part + "\" cannot be read: " + strerror(errno));
+        }
     }
     return place;
 }

@@ -9,6 +9,6 @@ struct Installation {
     std::string pythonFolder;  // what a script's sys.path begins with
     std::string translator;    // libexec/kelmo-translate
 
-    // Throws Failure when the program cannot tell where it stands or the host library is missing.
+    // Throws Failure when the program cannot tell where it stands or a part of the tree is missing.
     static Installation find();
 };

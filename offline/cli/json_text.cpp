@@ -4,13 +4,40 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <cmath>
+#include <utility>
+
 #include "failure.h"
 
+namespace {
+
+// Keeps the sign of "-0", which comes as the int 0; a zero without a sign comes unsigned.
+struct SignedZeros : rapidjson::Document {
+    bool Int(int number) { return number == 0 ? Double(-0.0) : GenericDocument::Int(number); }
+};
+
+// Writes it as the host does.
+struct NumberWriter : rapidjson::Writer<rapidjson::StringBuffer> {
+    using rapidjson::Writer<rapidjson::StringBuffer>::Writer;
+    bool Double(double number) {
+        if (number == 0 && std::signbit(number)) return RawValue("-0", 2, rapidjson::kNumberType);
+        return Writer::Double(number);
+    }
+};
+
+}  // namespace
+
 rapidjson::Document parseJson(const std::string& line) {
-    rapidjson::Document document;
-    document.Parse(line.data(), line.size());
-    if (document.HasParseError()) throw Failure(exitInstallation, "the host library gave a damaged line: " + line);
-    return document;
+    SignedZeros document;
+    bool read = false;
+    auto events = [&](rapidjson::Document&) {
+        rapidjson::StringStream text(line.c_str());
+        rapidjson::Reader reader;
+        return read = !reader.Parse<rapidjson::kParseFullPrecisionFlag>(text, document).IsError();
+    };
+    document.Populate(events);
+    if (!read) throw Failure(exitInstallation, "the host library gave a damaged line: " + line);
+    return std::move(document);
 }
 
 std::string memberText(const rapidjson::Value& object, const char* name) {
@@ -52,7 +79,7 @@ std::string quoted(const std::string& text) {
 
 std::string compact(const rapidjson::Value& value) {
     rapidjson::StringBuffer buffer;
-    rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+    NumberWriter writer(buffer);
     value.Accept(writer);
     return std::string(buffer.GetString(), buffer.GetSize());
 }

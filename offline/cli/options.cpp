@@ -162,6 +162,9 @@ Options readOptions(int argc, char** argv) {
     }
     if (!rest.empty()) refuse(line.chosenName(), "unexpected argument \"" + rest.front() + "\"");
     if (*line.cat) options.cat = line.catOptions;
-    if (*line.info) options.info = line.infoOptions;
+    if (*line.info) {
+        if (line.info->count("TYPE") && line.infoOptions.type.empty()) refuse("info", "TYPE: the name is empty");
+        options.info = line.infoOptions;
+    }
     return options;
 }

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "deferred_signals.h"
+#include "translate/supervise.h"
 
 namespace {
 
@@ -65,12 +66,16 @@ std::string absolutePath(const std::string& path) {
 
 void checkOutput(const std::string& path, const std::string& scene, bool sceneIsExport, const std::string& script) {
     struct stat facts {};
-    if (stat(path.c_str(), &facts) == 0) {
+    const bool exists = stat(path.c_str(), &facts) == 0;
+    if (sceneIsExport && exists && sameFile(facts, scene)) {
+        throw Failure(exitUsage, "the output \"" + path + "\" is the export itself; save to a .kscene file");
+    }
+    if (Translation::looksTranslatable(path)) {
+        throw Failure(exitUsage, "the output \"" + path + "\" is named like an export; save to a .kscene file");
+    }
+    if (exists) {
         if (S_ISDIR(facts.st_mode)) refuse(path, "it is a folder");
         if (sameFile(facts, script)) throw Failure(exitUsage, "the output \"" + path + "\" is the script itself");
-        if (sceneIsExport && sameFile(facts, scene)) {
-            throw Failure(exitUsage, "the output \"" + path + "\" is the export itself; save to a .kscene file");
-        }
         if (access(path.c_str(), W_OK) != 0) refuse(path, std::strerror(errno));
         if (!S_ISREG(facts.st_mode)) return;
     }

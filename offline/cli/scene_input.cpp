@@ -1,6 +1,7 @@
 #include "scene_input.h"
 
 #include <fmt/format.h>
+#include <sys/stat.h>
 
 #include <cstdio>
 #include <cstring>
@@ -16,8 +17,11 @@ bool endsWith(const std::string& text, const char* ending) {
     return text.size() >= length && text.compare(text.size() - length, length, ending) == 0;
 }
 
-// An offline scene begins with its header line, whatever the file is called.
+// An offline scene begins with its header line, whatever the file is called. A pipe is not looked into, since it can be
+// read only once; an export cannot be one.
 bool beginsLikeScene(const std::string& path) {
+    struct stat facts {};
+    if (stat(path.c_str(), &facts) == 0 && S_ISFIFO(facts.st_mode)) return true;
     static constexpr char start[] = "{\"kelmo-scene\"";
     char found[sizeof start - 1];
     std::FILE* file = std::fopen(path.c_str(), "r");

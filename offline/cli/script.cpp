@@ -2,7 +2,10 @@
 
 #include "script.h"
 
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/vfs.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
@@ -113,16 +116,26 @@ ScriptEnd runFile(const Script& script) {
     return end;
 }
 
+// Whether the pipe stands in a folder, unlike that of a shell's <(command). Python opens a script once more to show its
+// lines in a traceback, and would wait there for a writer that does not come.
+bool hasName(const std::string& pipe) {
+    struct statfs facts {};
+    return statfs(pipe.c_str(), &facts) != 0 || facts.f_type != PIPEFS_MAGIC;
+}
+
 }  // namespace
 
 void checkScript(const std::string& path) {
+    // It is not opened: a pipe can be read only once.
     struct stat facts {};
-    std::FILE* file = nullptr;
-    if (stat(path.c_str(), &facts) != 0 || !(file = std::fopen(path.c_str(), "r"))) {
+    if (stat(path.c_str(), &facts) != 0 || access(path.c_str(), R_OK) != 0) {
         throw Failure(exitInput, "cannot read the script \"" + path + "\": " + std::strerror(errno));
     }
-    std::fclose(file);
-    if (S_ISDIR(facts.st_mode)) throw Failure(exitInput, "cannot read the script \"" + path + "\": it is a folder");
+    const auto refuse = [&](const char* reason) {
+        throw Failure(exitInput, "cannot read the script \"" + path + "\": " + reason);
+    };
+    if (S_ISDIR(facts.st_mode)) refuse("it is a folder");
+    if (S_ISFIFO(facts.st_mode) && hasName(path)) refuse("it is a named pipe");
 }
 
 ScriptEnd runScript(const Script& script, const Installation& place) {

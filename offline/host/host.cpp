@@ -105,7 +105,10 @@ KUtils::Plugin* Host::exportNode(const char* functionName, const char* node, con
     noteCall(functionName);
     if (isObserved()) CallLine("host.").text(functionName).text("(").quoted(node).text(")");
     if (node == nullptr || ended) return nullptr;
-    return materialise(contents(), node, kind);
+    KUtils::ErrorRecord* problem = nullptr;
+    KUtils::Plugin* plugin = materialise(contents(), node, kind, &problem);
+    if (problem != nullptr) warnings.add(("a deferred record cannot be made: " + takeErrorText(problem)).c_str());
+    return plugin;
 }
 
 void Host::noteCall(const char* functionName) {

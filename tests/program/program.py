@@ -4,6 +4,7 @@ import os
 import shutil
 import subprocess
 import tempfile
+import time
 import unittest
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
@@ -74,6 +75,24 @@ class ProgramTest(unittest.TestCase):
     def run_script(self, text, *arguments, scene="scene.kscene", **options):
         self.write("script.py", text)
         return self.run_program("run", scene, "script.py", *arguments, **options)
+
+    def run_through_a_pipe(self, text, *arguments):
+        """Runs the program while `text` is written, once, to the named pipe "pipe"."""
+        pipe = self.path("pipe")
+        if not os.path.exists(pipe):
+            os.mkfifo(pipe)
+        process = self.start(*arguments, stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        while process.poll() is None:
+            try:
+                descriptor = os.open(pipe, os.O_WRONLY | os.O_NONBLOCK)
+            except OSError:  # nobody reads yet
+                time.sleep(0.01)
+                continue
+            os.write(descriptor, text.encode("utf-8"))
+            os.close(descriptor)
+            break
+        out, err = process.communicate(timeout=120)
+        return Result(process.returncode, out.decode("utf-8"), err.decode("utf-8"))
 
     def make_tree(self, translator):
         """A tree like the stage, with a translating program of the test's own (none: None)."""

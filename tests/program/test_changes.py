@@ -35,12 +35,16 @@ CASES = [
     ("an extra scene", "pm._addSceneContent(['extra.kscene'], '')\n",
      "loaded   an extra scene of 2 plugins\n1 scene loaded\n",
      [{"change": "scene_added", "plugins": 2}]),
+    ("extra scenes of one and none", "pm._addSceneContent(['one.kscene'], ''); pm._addSceneContent([], '')\n",
+     "loaded   an extra scene of 1 plugin\nloaded   an extra scene of 0 plugins\n2 scenes loaded\n",
+     [{"change": "scene_added", "plugins": 1}, {"change": "scene_added", "plugins": 0}]),
 ]
 
 
 class Changes(ProgramTest):
     def setUp(self):
         super().setUp()
+        self.write("one.kscene", HEADER + '{"type":"MtlDiffuse","name":"x"}\n')
         self.write("extra.kscene", HEADER + '{"type":"MtlDiffuse","name":"x"}\n{"type":"MtlDiffuse","name":"y"}\n')
 
     def test_cases(self):

@@ -11,6 +11,7 @@ LAMP = {
          "params": [
              {"name": "on", "type": "bool", "default": True, "doc": "Whether it is lit."},
              {"name": "power", "type": "float", "default": 0.5},
+             {"name": "drift", "type": "vector", "default": [0, -0.0, 0.25]},
              {"name": "tints", "type": "color", "list": True, "doc": "A colour for each bulb."},
              {"name": "rings", "type": "list", "shape": "ints"},
              {"name": "anything", "type": "list"},
@@ -21,9 +22,10 @@ LAMP_TEXT = """XLamp: A lamp.
 kind: light; only one plugin of the type may exist; usable as texture, texture_float
 
   parameter  type            default
-  on         bool            true     Whether it is lit.
+  on         bool            true         Whether it is lit.
   power      float           0.5
-  tints      color list      -        A colour for each bulb.
+  drift      vector          [0,-0,0.25]
+  tints      color list      -            A colour for each bulb.
   rings      list of ints    -
   anything   list            -
   out_color  output_texture  -
@@ -77,7 +79,7 @@ class Info(ProgramTest):
         lamp = self.run_program("info", "XLamp", "--json", "--types", "types")
         self.check(lamp, 0, err="")
         self.assertEqual([param["name"] for param in lamp.json()["params"]],
-                         ["on", "power", "tints", "rings", "anything", "out_color"])
+                         ["on", "power", "drift", "tints", "rings", "anything", "out_color"])
 
     def test_unknown_type(self):
         for name, hint in [("MtlDifuse", '; did you mean "MtlDiffuse"?'), ("mtldiffuse", '; did you mean "MtlDiffuse"?'),

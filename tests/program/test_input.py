@@ -1,9 +1,10 @@
 """What cannot be read: scenes, exports and plugin types, each with its message and exit code."""
 import os
+import shutil
 import signal
 import unittest
 
-from program import SCENES, ProgramTest
+from program import SCENES, STAGE, ProgramTest
 
 START = '{"kelmo-scene":1}\n'
 
@@ -29,7 +30,8 @@ DAMAGED = [
 TYPES = [
     ("{", "[types/x.json] the plugin types cannot be read | line 1, column 2: Missing a name for object member."),
     ('{"family":"x","types":[{"name":"A","kind":"ligt"}]}',
-     '[types/x.json] the plugin types cannot be read | types[0].kind: unknown kind "ligt"'),
+     '[types/x.json] the plugin types cannot be read | types[0] "A".kind: unknown kind "ligt"; did '
+     'you mean "light"?'),
 ]
 
 
@@ -59,6 +61,13 @@ class Input(ProgramTest):
     def test_scene_is_known_by_its_first_line(self):
         self.write("scene.txt", self.read("scene.kscene"))
         self.check(self.run_program("cat", "scene.txt"), 0, self.read("scene.kscene"), "")
+
+    def test_scene_from_a_pipe(self):
+        text = self.read("scene.kscene")
+        self.check(self.run_through_a_pipe(text, "cat", "pipe"), 0, text, "")
+        self.write("script.py", "print 'ran'\n")
+        self.check(self.run_through_a_pipe(text, "run", "pipe", "script.py"), 0, "ran\nnothing changed\n", "")
+        self.check(self.run_through_a_pipe("hello", "cat", "pipe"), 4, "", "kelmo-offline: [pipe] " + DAMAGED[1][1] + "\n")
 
     def test_damaged_types(self):
         os.mkdir(self.path("types"))
@@ -94,6 +103,15 @@ class Input(ProgramTest):
         self.assertNotIn('"deferred":true', plain.out)
         self.assertEqual(len(result.out.splitlines()), len(plain.out.splitlines()))
 
+    def test_deferred_camera_of_a_node_that_stands(self):
+        self.write("script.py", "import kelmo.pluginmodifier as pm\npm._init()\nprint pm._exportCamera('shotCam')\n"
+                                "pm._uninit()\n")
+        scene = os.path.join(SCENES, "studio.glb")
+        result = self.run_program("run", scene, "script.py", "--defer", "cameras", "--json")
+        self.check(result, 0)
+        self.assertEqual([change["plugin"] for change in result.json()["changes"] if change["change"] == "created"],
+                         ["shotCam@camera"])
+
     def test_translation_notes(self):
         for name, notes in [
                 ("studio.glb", ["a unit is 1 m (always so in glTF)", "y is up (always so in glTF)"]),
@@ -117,6 +135,18 @@ class Input(ProgramTest):
         self.check(self.run_in_tree("cat", "shot.glb"), 6, "",
                    'kelmo-offline: "shot.glb" was not translated: the program "%s" could not be started.\n'
                    % self.path("tree/libexec/kelmo-translate"))
+        shutil.rmtree(self.path("tree"))
+        for part, replaced in [("share/kelmo-offline/types", "share"), ("python/kelmo", "python")]:
+            self.make_tree(None)
+            os.unlink(self.path("tree/" + replaced))
+            self.write("script.py", "print 'ran'\n")
+            for arguments in [["info"], ["cat", "scene.kscene"], ["run", "scene.kscene", "script.py"]]:
+                with self.subTest(part, command=arguments[0]):
+                    self.check(self.run_in_tree(*arguments), 6, "",
+                               'kelmo-offline: the installation is not complete: "%s" cannot be read: '
+                               'No such file or directory\n' % self.path("tree/" + part))
+            shutil.rmtree(self.path("tree"))
+        self.make_tree(None)
         library = self.path("tree/plug-ins/kelmoformaya.mll")
         os.unlink(self.path("tree/plug-ins"))
         self.check(self.run_in_tree("cat", "scene.kscene"), 6, "",
@@ -126,6 +156,21 @@ class Input(ProgramTest):
         self.write("tree/plug-ins/kelmoformaya.mll", "no library")
         self.check(self.run_in_tree("cat", "scene.kscene"), 6, "",
                    "kelmo-offline: the host library cannot be loaded: %s: file too short\n" % library)
+
+    def test_damaged_types_of_the_installation(self):
+        self.make_tree(None)
+        os.unlink(self.path("tree/plug-ins"))
+        # The host finds its types from its own place.
+        shutil.copytree(os.path.join(STAGE, "plug-ins"), self.path("tree/plug-ins"))
+        os.unlink(self.path("tree/share"))
+        os.makedirs(self.path("tree/share/kelmo-offline/types"))
+        self.write("tree/share/kelmo-offline/types/x.json", "{")
+        why = ("the plugin types could not be read: [%s/../share/kelmo-offline/types/x.json] the plugin types cannot be "
+               "read | line 1, column 2: Missing a name for object member.\n" % self.path("tree/plug-ins"))
+        for arguments in [["info"], ["cat", "scene.kscene"]]:
+            with self.subTest(arguments[0]):
+                self.check(self.run_in_tree(*arguments), 6, "",
+                           "kelmo: warning: " + why + "kelmo-offline: the installation is damaged: " + why)
 
 
 if __name__ == "__main__":

@@ -67,7 +67,9 @@ class Output(ProgramTest):
                 ("folder", 3, 'cannot write "folder": it is a folder'),
                 ("missing/out.kscene", 3, 'cannot write "missing/out.kscene": the folder "missing" does not exist'),
                 ("script.py/out.kscene", 3, 'cannot write "script.py/out.kscene": "script.py" is not a folder'),
-                ("script.py", 2, 'the output "script.py" is the script itself')]:
+                ("script.py", 2, 'the output "script.py" is the script itself'),
+                # It could not be read again: what is named so is taken for an export.
+                ("out.glb", 2, 'the output "out.glb" is named like an export; save to a .kscene file')]:
             with self.subTest(output):
                 result = self.run_script("print 'ran'\n", "-o", output)
                 self.check(result, code, "", "kelmo-offline: " + message + "\n")

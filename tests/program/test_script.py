@@ -132,6 +132,23 @@ class Script(ProgramTest):
                 self.check(self.run_program("run", "scene.kscene", name), 4, "",
                            'kelmo-offline: cannot read the script "%s": %s\n' % (name, reason))
 
+    def test_script_from_a_pipe(self):
+        for text, code, out, err in [
+                ("print 'piped'\n", 0, "piped\n" + NOTHING, ""),
+                ("raise KeyError\n", 1, "", 'Traceback (most recent call last):\n  File "{}", line 1, in <module>\n'
+                                            "    \nKeyError\n")]:
+            reading, writing = os.pipe()
+            os.write(writing, text.encode())
+            os.close(writing)
+            name = "/dev/fd/%d" % reading
+            result = self.run_program("run", "scene.kscene", name, pass_fds=[reading])
+            os.close(reading)
+            self.check(result, code, out, err.format(name))
+        # A traceback would wait for the writer of this one.
+        os.mkfifo(self.path("pipe.py"))
+        self.check(self.run_program("run", "scene.kscene", "pipe.py"), 4, "",
+                   'kelmo-offline: cannot read the script "pipe.py": it is a named pipe\n')
+
     def test_names_beyond_ascii(self):
         self.write("sk\u00fcript \u2603.py", "print __file__\n")
         self.write("sz\u00e4ne.kscene", self.read("scene.kscene"))

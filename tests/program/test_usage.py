@@ -21,6 +21,7 @@ WRONG = [
     (["run", "scene.kscene", "a.py", "more"],
      told('unexpected argument "more"; what is meant for the script stands after --', "run")),
     (["cat", "scene.kscene", "more"], told('unexpected argument "more"', "cat")),
+    (["info", ""], told("TYPE: the name is empty", "info")),
     (["info", "MtlDiffuse", "more"], told('unexpected argument "more"', "info")),
     (["cat", "scene.kscene", "--", "more"], told('unexpected argument "more"', "cat")),
     (["run", "scene.kscene", "a.py", "--jason"], told('unknown option "--jason"; did you mean "--json"?', "run")),

@@ -55,6 +55,22 @@ class ExportsTest(support.ModuleTest):
             self.assertWarned('The %s \\"%s\\" could not be exported.' % (kind, name))
         self.assertEqual(offlinehost.text(), before)
 
+    def testTheKindDecidesAmongThoseOfANode(self):
+        # A camera waits while the node that carries it, and has its name, stands in the scene.
+        self.module._create('GeomNode', '|group|cam')
+        self.assertEqual(self.module._exportNode('|group|cam'), '|group|cam')
+        self.assertEqual(self.module._exportCamera('|group|cam'), 'cam')
+
+    def testWhyARecordCannotBeMade(self):
+        self.module._create('TexChecker', 'steel@mtl')
+        self.assertIs(self.module._exportMaterial('steel'), None)
+        self.assertWarned('a deferred record cannot be made: [scene] line 3, column 1 | plugin "steel@mtl" | '
+                          'a plugin of this name stands in the scene already',
+                          'The material \\"steel\\" could not be exported.')
+        # A record that refers to it is made, and refers to the plugin of that name.
+        self.assertEqual(self.module._exportNode('teapot'), 'teapot')
+        self.assertEqual(self.module._getParam('teapot', 'material'), (10, 'steel@mtl'))
+
 
 class WithoutPrintWarningTest(support.HostTest):
 

@@ -1,37 +1,15 @@
 #include "core/catalogue/plugin_type.h"
 
 #include "core/base/nearest_name.h"
+#include "core/catalogue/type_names.h"
 
 namespace Offline {
-namespace {
-
-struct KindRow {
-    PluginKind kind;
-    const char* name;
-};
-
-constexpr KindRow KINDS[] = {
-    {PluginKind::Geometry, "geometry"}, {PluginKind::Node, "node"},   {PluginKind::Material, "material"},
-    {PluginKind::Texture, "texture"},   {PluginKind::Light, "light"}, {PluginKind::Camera, "camera"},
-    {PluginKind::Settings, "settings"}, {PluginKind::Other, "other"},
-};
-
-}  // namespace
 
 const char* kindName(PluginKind kind) {
-    for (const KindRow& row : KINDS) {
+    for (const KindName& row : KIND_NAMES) {
         if (row.kind == kind) return row.name;
     }
     return "other";
-}
-
-bool kindFromName(std::string_view name, PluginKind& kind) {
-    for (const KindRow& row : KINDS) {
-        if (name != row.name) continue;
-        kind = row.kind;
-        return true;
-    }
-    return false;
 }
 
 void PluginType::declare(std::vector<ParamDeclaration>&& parameters) {

@@ -32,7 +32,6 @@ enum TextureOffer : std::uint32_t {
 };
 
 const char* kindName(PluginKind kind);
-bool kindFromName(std::string_view name, PluginKind& kind);
 
 // A declaration as it is handed to PluginType::add. `desc.name` and `desc.defaultString` are set by the type from
 // the texts here.

@@ -1,4 +1,5 @@
-// How the catalogue's files spell type codes, list shapes and texture interfaces. One table for reading and writing.
+// How the catalogue's files spell type codes, kinds, list shapes and texture interfaces. One table for reading and
+// writing.
 #pragma once
 
 #include <cstdint>
@@ -39,6 +40,17 @@ constexpr TypeCodeName TYPE_CODE_NAMES[] = {
     {"output_texture_vector", KUtils::PARAM_OUTPUT_TEXTURE_VECTOR},
     {"output_texture_matrix", KUtils::PARAM_OUTPUT_TEXTURE_MATRIX},
     {"output_texture_transform", KUtils::PARAM_OUTPUT_TEXTURE_TRANSFORM},
+};
+
+struct KindName {
+    const char* name;
+    PluginKind kind;
+};
+
+constexpr KindName KIND_NAMES[] = {
+    {"geometry", PluginKind::Geometry}, {"node", PluginKind::Node},   {"material", PluginKind::Material},
+    {"texture", PluginKind::Texture},   {"light", PluginKind::Light}, {"camera", PluginKind::Camera},
+    {"settings", PluginKind::Settings}, {"other", PluginKind::Other},
 };
 
 struct ShapeName {

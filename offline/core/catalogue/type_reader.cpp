@@ -1,6 +1,8 @@
 #include "core/catalogue/type_reader.h"
 
+#include <rapidjson/encodedstream.h>
 #include <rapidjson/error/en.h>
+#include <rapidjson/memorystream.h>
 
 #include <cstring>
 
@@ -40,6 +42,14 @@ bool checkKeys(const Json& object, const KeyName (&known)[N], PathError& error) 
         }
     }
     return true;
+}
+
+// Adds the object's name to the path, since places in a long list are hard to count.
+void nameInPath(const Json& object, PathError& error) {
+    if (!object.IsObject()) return;
+    const auto name = object.FindMember("name");
+    if (name == object.MemberEnd() || !name->value.IsString() || *name->value.GetString() == '\0') return;
+    error.path += ' ' + inQuotes(name->value.GetString());
 }
 
 const Json* valueOf(const Json& object, const char* key) {
@@ -84,6 +94,7 @@ bool readShape(const Json& object, ParamDeclaration& declaration, PathError& err
 }
 
 bool readParam(const Json& object, ParamDeclaration& declaration, PathError& error) {
+    nameInPath(object, error);
     if (!checkKeys(object, PARAM_KEYS, error)) return false;
     std::string type;
     bool list = false;
@@ -145,15 +156,20 @@ bool readParams(const Json& object, PluginType& type, PathError& error) {
 std::unique_ptr<PluginType> readType(const Json& object, const std::string& family, PathError& error) {
     std::string name;
     std::string kind;
+    nameInPath(object, error);
     if (!checkKeys(object, TYPE_KEYS, error) || !readText(object, "name", true, name, error) ||
         !readText(object, "kind", false, kind, error))
         return nullptr;
     auto type = std::make_unique<PluginType>(name);
     type->family = family;
-    if (valueOf(object, "kind") != nullptr && !kindFromName(kind, type->kind)) {
+    if (valueOf(object, "kind") != nullptr) {
         const PathStep step(error, std::string("kind"));
-        error.fail("unknown kind " + inQuotes(kind.c_str()));
-        return nullptr;
+        const KindName* row = rowNamed(KIND_NAMES, kind);
+        if (row == nullptr) {
+            error.fail(withSuggestion("unknown kind " + inQuotes(kind.c_str()), kind.c_str(), KIND_NAMES));
+            return nullptr;
+        }
+        type->kind = row->kind;
     }
     const bool good = readText(object, "doc", false, type->doc, error) &&
                       readBool(object, "unique", type->unique, error) &&
@@ -184,6 +200,24 @@ bool readFile(const Json& root, std::vector<std::unique_ptr<PluginType>>& types,
     return true;
 }
 
+// Keeps the sign of "-0", which comes as the int 0; a zero without a sign comes unsigned.
+struct SignedZeros : rapidjson::Document {
+    bool Int(int number) { return number == 0 ? Double(-0.0) : GenericDocument::Int(number); }
+};
+
+void parse(const char* text, std::size_t length, SignedZeros& document, rapidjson::ParseResult& result) {
+    constexpr unsigned FLAGS =
+        rapidjson::kParseValidateEncodingFlag | rapidjson::kParseFullPrecisionFlag | rapidjson::kParseIterativeFlag;
+    rapidjson::MemoryStream bytes(text, length);
+    rapidjson::EncodedInputStream<rapidjson::UTF8<>, rapidjson::MemoryStream> input(bytes);
+    rapidjson::Reader reader;
+    auto events = [&](rapidjson::Document&) {
+        result = reader.Parse<FLAGS>(input, document);
+        return !result.IsError();
+    };
+    document.Populate(events);
+}
+
 // "line 3, column 7: ..." of a text that is no JSON.
 std::string syntaxError(const char* text, std::size_t offset, const char* reason) {
     std::size_t line = 1;
@@ -200,13 +234,12 @@ std::string syntaxError(const char* text, std::size_t offset, const char* reason
 }  // namespace
 
 std::vector<std::unique_ptr<PluginType>> readTypes(const char* text, std::size_t length, std::string& error) {
-    constexpr unsigned FLAGS =
-        rapidjson::kParseValidateEncodingFlag | rapidjson::kParseFullPrecisionFlag | rapidjson::kParseIterativeFlag;
-    rapidjson::Document document;
-    document.Parse<FLAGS>(text, length);
+    SignedZeros document;
+    rapidjson::ParseResult result;
+    parse(text, length, document, result);
     std::vector<std::unique_ptr<PluginType>> types;
-    if (document.HasParseError()) {
-        error = syntaxError(text, document.GetErrorOffset(), rapidjson::GetParseError_En(document.GetParseError()));
+    if (result.IsError()) {
+        error = syntaxError(text, result.Offset(), rapidjson::GetParseError_En(result.Code()));
         return types;
     }
     PathError found;

@@ -33,6 +33,10 @@ std::string PathError::describe(const Json& value) {
 
 namespace {
 
+bool isNegativeZero(const Json& value) {
+    return value.IsDouble() && value.GetDouble() == 0 && std::signbit(value.GetDouble());
+}
+
 // A number, or the text of one that JSON cannot spell.
 bool readNumber(const Json& value, double& number, PathError& error) {
     if (value.IsNumber()) {
@@ -52,14 +56,19 @@ bool readNumber(const Json& value, double& number, PathError& error) {
     return true;
 }
 
+bool readSingle(const Json& value, float& number, PathError& error) {
+    double read = 0;
+    if (!readNumber(value, read, error)) return false;
+    number = static_cast<float>(read);
+    return !std::isinf(number) || std::isinf(read) || error.expected("a number that fits in 32 bits", value);
+}
+
 bool readFloats(const Json& value, float* floats, unsigned count, PathError& error) {
     const std::string wanted = "a list of " + std::to_string(count) + " numbers";
     if (!value.IsArray() || value.Size() != count) return error.expected(wanted.c_str(), value);
     for (unsigned i = 0; i < count; ++i) {
         const PathStep step(error, i);
-        double number = 0;
-        if (!readNumber(value[i], number, error)) return false;
-        floats[i] = static_cast<float>(number);
+        if (!readSingle(value[i], floats[i], error)) return false;
     }
     return true;
 }
@@ -111,20 +120,16 @@ bool readByType(const Json& value, ParamDeclaration& declaration, PathError& err
     switch (desc.type) {
         case PARAM_INT:
         case PARAM_TEXTURE_INT:
-            if (!value.IsInt()) return error.expected("an integer of 32 bits", value);
-            desc.defaultInt = value.GetInt();
+            if (!value.IsInt() && !isNegativeZero(value)) return error.expected("an integer of 32 bits", value);
+            desc.defaultInt = value.IsInt() ? value.GetInt() : 0;
             return true;
         case PARAM_BOOL:
             if (!value.IsBool()) return error.expected("true or false", value);
             desc.defaultInt = value.GetBool() ? 1 : 0;
             return true;
         case PARAM_FLOAT:
-        case PARAM_TEXTURE_FLOAT: {
-            double number = 0;
-            if (!readNumber(value, number, error)) return false;
-            desc.defaultFloat = static_cast<float>(number);
-            return true;
-        }
+        case PARAM_TEXTURE_FLOAT:
+            return readSingle(value, desc.defaultFloat, error);
         case PARAM_DOUBLE:
             return readNumber(value, desc.defaultDouble, error);
         case PARAM_VECTOR:

@@ -20,13 +20,7 @@ DeferredRecord* DeferredStore::findByName(std::string_view name) const {
 }
 
 DeferredRecord* DeferredStore::findByNode(std::string_view node) const {
-    const auto found = byNode.find(node);
-    if (found != byNode.end()) {
-        for (DeferredRecord* record : found->second) {
-            if (!record->taken) return record;
-        }
-    }
-    return findByName(node);
+    return findByNode(node, [](const DeferredRecord&) { return true; });
 }
 
 void DeferredStore::take(DeferredRecord& record) {

@@ -35,6 +35,9 @@ class DeferredStore {
     DeferredRecord* findByName(std::string_view name) const;  // waiting ones only
     // The waiting record that stands for this DCC node: the first whose node it is, else the one of this name.
     DeferredRecord* findByNode(std::string_view node) const;
+    // The same among those for which accepts(record) is true.
+    template <class Accepts>
+    DeferredRecord* findByNode(std::string_view node, Accepts accepts) const;
 
     // Takes a record out: it is found no more, and its line is let go.
     void take(DeferredRecord& record);
@@ -52,5 +55,17 @@ class DeferredStore {
     std::unordered_map<std::string_view, std::vector<DeferredRecord*>> byNode;
     std::size_t waitingCount = 0;
 };
+
+template <class Accepts>
+DeferredRecord* DeferredStore::findByNode(std::string_view node, Accepts accepts) const {
+    const auto found = byNode.find(node);
+    if (found != byNode.end()) {
+        for (DeferredRecord* record : found->second) {
+            if (!record->taken && accepts(*record)) return record;
+        }
+    }
+    DeferredRecord* named = findByName(node);
+    return named != nullptr && accepts(*named) ? named : nullptr;
+}
 
 }  // namespace Offline

@@ -61,14 +61,7 @@ bool SceneContents::setNode(OfflinePlugin& plugin, const char* node) {
 }
 
 OfflinePlugin* SceneContents::findByNode(const char* node) const {
-    if (node == nullptr) return nullptr;
-    const auto found = nodes.find(node);
-    if (found != nodes.end()) {
-        for (OfflinePlugin* plugin : found->second) {
-            if (plugin->alive) return plugin;
-        }
-    }
-    return find(node);
+    return findByNode(node, [](const OfflinePlugin&) { return true; });
 }
 
 void SceneContents::own(KUtils::KelmoPluginParameter* value) {

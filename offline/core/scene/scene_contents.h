@@ -58,6 +58,9 @@ class SceneContents {
     bool setNode(OfflinePlugin& plugin, const char* node);
     // The living plugin that stands for this DCC node: the first whose node it is, else the one of this name; or null.
     OfflinePlugin* findByNode(const char* node) const;
+    // The same among those for which accepts(plugin) is true: several kinds of plugins can stand for one node.
+    template <class Accepts>
+    OfflinePlugin* findByNode(const char* node, Accepts accepts) const;
 
     // Takes over a value object: destroyed through its deleting destructor when the contents end.
     void own(KUtils::KelmoPluginParameter* value);
@@ -80,5 +83,18 @@ class SceneContents {
     SceneHeader head;
     DeferredStore waiting;
 };
+
+template <class Accepts>
+OfflinePlugin* SceneContents::findByNode(const char* node, Accepts accepts) const {
+    if (node == nullptr) return nullptr;
+    const auto found = nodes.find(node);
+    if (found != nodes.end()) {
+        for (OfflinePlugin* plugin : found->second) {
+            if (plugin->isAlive() && accepts(*plugin)) return plugin;
+        }
+    }
+    OfflinePlugin* named = find(node);
+    return named != nullptr && accepts(*named) ? named : nullptr;
+}
 
 }  // namespace Offline

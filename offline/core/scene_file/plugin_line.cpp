@@ -3,6 +3,7 @@
 #include "core/base/nearest_name.h"
 #include "core/catalogue/type_names.h"
 #include "core/plugin/value_fits.h"
+#include "core/scene_file/line_error.h"
 
 namespace Offline {
 namespace {
@@ -15,10 +16,6 @@ std::string typeWords(int code, bool isList) {
     for (const TypeCodeName& row : TYPE_CODE_NAMES)
         if (row.code == code) name = row.name;
     return isList && code != KUtils::PARAM_LIST ? "list of " + std::string(name) : name;
-}
-
-std::string suggestion(const char* nearest) {
-    return nearest != nullptr ? " (did you mean " + quoted(nearest) + "?)" : std::string();
 }
 
 }  // namespace
@@ -144,10 +141,15 @@ bool PluginLineReader::readRigid() {
 bool PluginLineReader::makeRigid() {
     for (const RigidName& wanted : rigid) {
         LineParam* found = nullptr;
-        for (LineParam& candidate : line->params)
-            if (wanted.name == line->type->param(candidate.index).name) found = &candidate;
+        NearestName nearest(wanted.name.c_str());
+        for (LineParam& candidate : line->params) {
+            const char* name = line->type->param(candidate.index).name;
+            if (wanted.name == name) found = &candidate;
+            nearest.offer(name);
+        }
         if (found == nullptr)
-            return text->failAt(wanted.place, "\"rigid\" names " + quoted(wanted.name) + ", which has no value here");
+            return text->failAt(wanted.place, "\"rigid\" names " + quoted(wanted.name) + ", which has no value here" +
+                                                  suggestion(nearest.best()));
         param = wanted.name;
         text->moveTo(found->place);
         const KUtils::ParamDesc& desc = line->type->param(found->index);

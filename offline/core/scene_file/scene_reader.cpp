@@ -1,20 +1,41 @@
 #include "core/scene_file/scene_reader.h"
 
-#include "core/base/error_maker.h"
+#include <cstring>
+
+#include "core/base/nearest_name.h"
+#include "core/scene_file/line_error.h"
 
 namespace Offline {
 namespace {
 
 constexpr int FORMAT_VERSION = 1;
 
+constexpr const char* HEADER_KEYS[] = {"kelmo-scene", "up", "unit", "source"};
+
+const char* nearestHeaderKey(const std::string& key) {
+    NearestName nearest(key.c_str());
+    for (const char* known : HEADER_KEYS) nearest.offer(known);
+    return nearest.best();
+}
+
+// The plugin whose name is nearest, among as many as can be compared in a moment.
+const char* nearestPlugin(const SceneContents& contents, const std::string& name) {
+    constexpr std::size_t MOST_COMPARISONS = 200000000;
+    NearestName nearest(name.c_str());
+    std::size_t comparisons = 0;
+    for (const OfflinePlugin* plugin = contents.first(); plugin != nullptr; plugin = SceneContents::next(plugin)) {
+        comparisons += name.size() * std::strlen(plugin->name);
+        if (comparisons > MOST_COMPARISONS) break;
+        nearest.offer(plugin->name);
+    }
+    return nearest.best();
+}
+
 }  // namespace
 
 KUtils::ErrorRecord* SceneReader::damaged(std::uint64_t line, std::size_t column, const std::string& place,
                                           const std::string& message) const {
-    KUtils::ErrorRecord* chain = makeError(nullptr, nullptr, "%s", message.c_str());
-    if (!place.empty()) chain = makeError(nullptr, chain, "%s", place.c_str());
-    return makeError(shownName, chain, "line %llu, column %llu", static_cast<unsigned long long>(line),
-                     static_cast<unsigned long long>(column));
+    return lineError(shownName, line, column, place, message);
 }
 
 KUtils::ErrorRecord* SceneReader::readLine(const char* begin, const char* end) {
@@ -51,14 +72,16 @@ bool SceneReader::readHeader(JsonText& text) {
             return text.fail("\"x\", \"y\" or \"z\"");
         }
         if (key == "unit") {
-            const char* digits = nullptr;
-            std::size_t length = 0;
-            if (!once(4) || !text.readNumber(digits, length, "a number of metres")) return false;
-            header.unit.assign(digits, length);
-            return true;
+            const char* where = text.mark();
+            double metres = 0;
+            if (!once(4) || !text.readDouble(metres, "a number of metres")) return false;
+            header.unit.assign(where, text.position());
+            if (metres > 0) return true;
+            text.moveTo(where);
+            return text.fail("a number of metres above 0");
         }
         if (key == "source") return once(8) && text.readText(header.source, "the name of a file");
-        return text.failAt(text.last(), "the header has no key " + quoted(key));
+        return text.failAt(text.last(), "the header has no key " + quoted(key) + suggestion(nearestHeaderKey(key)));
     });
     if (!read || !text.needEnd()) return false;
     if ((seen & 1) == 0) return text.failAt(start, "the header must have the key \"kelmo-scene\"");
@@ -76,7 +99,7 @@ KUtils::ErrorRecord* SceneReader::readPlugin(JsonText& text, const char* begin, 
         return damaged(lineNumber, 1, place, "a plugin of this name stands in the scene already");
     if (!plugin.deferred) {
         if (buildPlugin(contents, plugin, lineNumber, open) != nullptr) return nullptr;
-        return damaged(lineNumber, 1, place, "there is not enough memory");
+        return damaged(lineNumber, 1, place, NO_MEMORY);
     }
     DeferredRecord record;
     record.name = plugin.name;
@@ -104,7 +127,8 @@ KUtils::ErrorRecord* SceneReader::finish() {
     if (missing == 0) return nullptr;
     const bool deferred = contents.deferred().findByName(firstReference->name) != nullptr;
     std::string message = deferred ? "refers to " + quoted(firstReference->name) + ", which is deferred"
-                                   : "there is no plugin " + quoted(firstReference->name);
+                                   : "there is no plugin " + quoted(firstReference->name) +
+                                         suggestion(nearestPlugin(contents, firstReference->name));
     if (missing > 1) message += " (the first of " + std::to_string(missing) + " such references)";
     return damaged(firstValue->line, firstReference->column,
                    "plugin " + quoted(firstValue->plugin) + ", parameter " + quoted(firstValue->param), message);

@@ -2,6 +2,9 @@
 
 #include <limits>
 
+#include "core/base/nearest_name.h"
+#include "core/scene_file/line_error.h"
+
 namespace Offline {
 namespace {
 
@@ -55,7 +58,7 @@ bool readFloatOrSpecial(JsonText& text, Float& value, const char* expected) {
 
 }  // namespace
 
-bool ValueReader::noMemory() { return text.failAt(text.mark(), "there is not enough memory"); }
+bool ValueReader::noMemory() { return text.failAt(text.mark(), NO_MEMORY); }
 
 Value* ValueReader::made(Value* value) {
     if (value == nullptr) noMemory();
@@ -200,7 +203,10 @@ bool ValueReader::readChannel(MapChannel& channel) {
         if (key == "channel") return once(number) && readElement(IntKind{}, channel.number);
         if (key == "vertices") return once(vertices) && readElements<VectorKind>(channel.vertices);
         if (key == "faces") return once(faces) && readElements<IntKind>(channel.faces);
-        return text.failAt(text.last(), "expected \"channel\", \"vertices\" or \"faces\", found " + quoted(key));
+        NearestName nearest(key.c_str());
+        for (const char* known : {"channel", "vertices", "faces"}) nearest.offer(known);
+        return text.failAt(text.last(), "expected \"channel\", \"vertices\" or \"faces\", found " + quoted(key) +
+                                            suggestion(nearest.best()));
     });
     if (!read || (number && vertices && faces)) return read;
     return text.failAt(where, "a map channel has \"channel\", \"vertices\" and \"faces\"");

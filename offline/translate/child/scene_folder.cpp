@@ -90,8 +90,8 @@ std::string SceneFolder::shown(const std::string& file) const {
 bool SceneFolder::Exists(const char* file) const {
     std::string real;
     const Place place = resolve(file, real);
+    // What is missing is not remembered: with this the reader tries names of its own making.
     if (place == Place::outside) remember(outside_, shown(file));
-    if (place == Place::missing) remember(missing_, shown(file));
     return place == Place::inside;
 }
 

@@ -32,7 +32,7 @@ class SceneFolder : public Assimp::IOSystem {
     // Where a file lies that the scene names, seen from the scene's folder.
     Place placeOf(const std::string& name) const;
 
-    // The files that were asked for and refused, in the order of asking.
+    // The files that were to be opened and refused, in the order of asking; those outside also when only looked for.
     const std::vector<std::string>& outside() const { return outside_; }
     const std::vector<std::string>& tooLarge() const { return tooLarge_; }
     const std::vector<std::string>& missing() const { return missing_; }
@@ -51,7 +51,7 @@ class SceneFolder : public Assimp::IOSystem {
     std::uint64_t maxBytes_;
     mutable std::vector<std::string> outside_;
     std::vector<std::string> tooLarge_;
-    mutable std::vector<std::string> missing_;
+    std::vector<std::string> missing_;
 };
 
 }  // namespace Translation

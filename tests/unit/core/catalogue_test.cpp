@@ -43,7 +43,7 @@ TEST_CASE(aFileWithAnErrorAddsNothing) {
     const Counters before = counters;
     Catalogue catalogue;
     CHECK_TEXT(addTypesText(catalogue, R"({"types":[{"name":"A"},{"name":"B","kind":"no"}]})").c_str(),
-               "[t.json] the plugin types cannot be read | types[1].kind: unknown kind \"no\"");
+               "[t.json] the plugin types cannot be read | types[1] \"B\".kind: unknown kind \"no\"");
     CHECK_EQ(catalogue.count(), std::size_t{0});
     CHECK_EQ(counters.liveBlocks, before.liveBlocks);
 }

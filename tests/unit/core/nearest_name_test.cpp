@@ -17,6 +17,8 @@ TEST_CASE(nearestNames) {
         {"GeomStaticMehs", {"GeomStaticNURBS", "GeomStaticMesh", "Geom"}, "GeomStaticMesh"},
         {"", {"a", "b", "c"}, nullptr},
         {"x", {"y", "z", "w"}, nullptr},
+        {"flaot", {"bool", "float", "flat"}, "float"},  // neighbours that are swapped count once
+        {"itn", {"int", "in", "it"}, "int"},
         {"verticees", {"vertex", "vertices", "faces"}, "vertices"},
     };
     for (const Row& row : rows) {

@@ -107,6 +107,7 @@ TEST_CASE(everyTypeNameHasItsCode) {
 TEST_CASE(defaultsLieInTheFieldOfTheirType) {
     const Types types = readGood(R"({"types":[{"name":"T","params":[
         {"name":"int","type":"int","default":-2147483648},
+        {"name":"no int","type":"int","default":-0},
         {"name":"float","type":"float","default":0.1},
         {"name":"double","type":"double","default":0.1},
         {"name":"bool","type":"bool","default":true},
@@ -125,6 +126,7 @@ TEST_CASE(defaultsLieInTheFieldOfTheirType) {
     PluginType& type = *types[0];
     for (std::size_t i = 0; i < type.paramCount(); ++i) CHECK_EQ(static_cast<int>(type.param(i).hasDefault), 1);
     CHECK_EQ(type.findParam("int")->defaultInt, -2147483647 - 1);
+    CHECK_EQ(type.findParam("no int")->defaultInt, 0);
     CHECK_EQ(type.findParam("float")->defaultFloat, 0.1f);
     CHECK_EQ(type.findParam("double")->defaultDouble, 0.1);
     CHECK_EQ(type.findParam("bool")->defaultInt, 1);
@@ -171,28 +173,35 @@ TEST_CASE(whatIsWrongIsNamed) {
         {R"({"types":["x"]})", "types[0]: expected an object, found \"x\""},
         {R"({"types":[{}]})", "types[0]: the key \"name\" is missing"},
         {R"({"types":[{"name":""}]})", "types[0].name: the text is empty"},
-        {R"({"types":[{"name":"a\u0000b"}]})", "types[0].name: a text cannot hold a zero byte"},
-        {R"({"types":[{"name":"T"},{"name":"T"}]})", "types[1]: the type \"T\" stands twice"},
-        {R"({"types":[{"name":"T","kind":"stone"}]})", "types[0].kind: unknown kind \"stone\""},
-        {R"({"types":[{"name":"T","kind":""}]})", "types[0].kind: unknown kind \"\""},
-        {R"({"types":[{"name":"T","unique":1}]})", "types[0].unique: expected true or false, found 1"},
-        {R"({"types":[{"name":"T","colour":1}]})", "types[0]: unknown key \"colour\""},
+        {R"({"types":[{"name":"a\u0000b"}]})", "types[0] \"a\".name: a text cannot hold a zero byte"},
+        {R"({"types":[{"name":"T"},{"name":"T"}]})", "types[1] \"T\": the type \"T\" stands twice"},
+        {R"({"types":[{"name":"T","kind":"ligt"}]})",
+         "types[0] \"T\".kind: unknown kind \"ligt\"; did you mean \"light\"?"},
+        {R"({"types":[{"name":"T","params":[{"name":"p","type":"int","defualt":1}]}]})",
+         "types[0] \"T\".params[0] \"p\": unknown key \"defualt\"; did you mean \"default\"?"},
+        {R"({"types":[{"name":"T","kind":"stone"}]})", "types[0] \"T\".kind: unknown kind \"stone\""},
+        {R"({"types":[{"name":"T","kind":""}]})", "types[0] \"T\".kind: unknown kind \"\""},
+        {R"({"types":[{"name":"T","unique":1}]})", "types[0] \"T\".unique: expected true or false, found 1"},
+        {R"({"types":[{"name":"T","colour":1}]})", "types[0] \"T\": unknown key \"colour\""},
         {R"({"types":[{"name":"T","interfaces":"texture"}]})",
-         "types[0].interfaces: expected a list, found \"texture\""},
+         "types[0] \"T\".interfaces: expected a list, found \"texture\""},
         {R"({"types":[{"name":"T","interfaces":["texture_flaot"]}]})",
-         "types[0].interfaces[0]: unknown interface \"texture_flaot\"; did you mean \"texture_float\"?"},
-        {R"({"types":[{"name":"T","interfaces":[true]}]})", "types[0].interfaces[0]: expected a text, found true"},
-        {R"({"types":[{"name":"T","params":{}}]})", "types[0].params: expected a list, found an object"},
-        {R"({"types":[{"name":"T","params":[{"type":"int"}]}]})", "types[0].params[0]: the key \"name\" is missing"},
-        {R"({"types":[{"name":"T","params":[{"name":"p"}]}]})", "types[0].params[0]: the key \"type\" is missing"},
+         "types[0] \"T\".interfaces[0]: unknown interface \"texture_flaot\"; did you mean \"texture_float\"?"},
+        {R"({"types":[{"name":"T","interfaces":[true]}]})",
+         "types[0] \"T\".interfaces[0]: expected a text, found true"},
+        {R"({"types":[{"name":"T","params":{}}]})", "types[0] \"T\".params: expected a list, found an object"},
+        {R"({"types":[{"name":"T","params":[{"type":"int"}]}]})",
+         "types[0] \"T\".params[0]: the key \"name\" is missing"},
+        {R"({"types":[{"name":"T","params":[{"name":"p"}]}]})",
+         "types[0] \"T\".params[0] \"p\": the key \"type\" is missing"},
         {R"({"types":[{"name":"T","params":[{"name":"p","type":"vectr"}]}]})",
-         "types[0].params[0].type: unknown type \"vectr\"; did you mean \"vector\"?"},
+         "types[0] \"T\".params[0] \"p\".type: unknown type \"vectr\"; did you mean \"vector\"?"},
         {R"({"types":[{"name":"T","params":[{"name":"p","type":"int","shape":"ints"}]}]})",
-         "types[0].params[0].shape: only a parameter of type \"list\" has a shape"},
+         "types[0] \"T\".params[0] \"p\".shape: only a parameter of type \"list\" has a shape"},
         {R"({"types":[{"name":"T","params":[{"name":"p","type":"list","shape":"int"}]}]})",
-         "types[0].params[0].shape: unknown shape \"int\"; did you mean \"ints\"?"},
+         "types[0] \"T\".params[0] \"p\".shape: unknown shape \"int\"; did you mean \"ints\"?"},
         {R"({"types":[{"name":"T","params":[{"name":"p","type":"output_texture","list":true}]}]})",
-         "types[0].params[0]: an output is no list"},
+         "types[0] \"T\".params[0] \"p\": an output is no list"},
     };
     for (const Row& row : rows) {
         CHECK_ROW(row.error);
@@ -213,6 +222,9 @@ TEST_CASE(wrongDefaultsAreNamed) {
         {R"("type":"texture_int","default":"x")", ": expected an integer of 32 bits, found \"x\""},
         {R"("type":"bool","default":1)", ": expected true or false, found 1"},
         {R"("type":"float","default":"fast")", ": expected a number, found \"fast\""},
+        {R"("type":"float","default":-1e39)", ": expected a number that fits in 32 bits, found -1e+39"},
+        {R"("type":"vector","default":[0,0,1e39])", "[2]: expected a number that fits in 32 bits, found 1e+39"},
+        {R"("type":"int","default":-0.5)", ": expected an integer of 32 bits, found -0.5"},
         {R"("type":"double","default":null)", ": expected a number, found null"},
         {R"("type":"vector","default":[1,2])", ": expected a list of 3 numbers, found a list of 2"},
         {R"("type":"color","default":[1,2,true])", "[2]: expected a number, found true"},
@@ -237,7 +249,7 @@ TEST_CASE(wrongDefaultsAreNamed) {
         CHECK_ROW(row.param);
         std::string error;
         read(typeWithParam(R"({"name":"p",)" + std::string(row.param) + "}"), error);
-        CHECK_TEXT(error.c_str(), ("types[0].params[0].default" + std::string(row.error)).c_str());
+        CHECK_TEXT(error.c_str(), ("types[0] \"T\".params[0] \"p\".default" + std::string(row.error)).c_str());
     }
 }
 
@@ -248,7 +260,7 @@ TEST_CASE(aDeeplyNestedFileIsAnErrorOnly) {
     const std::string deep =
         R"({"types":[{"name":"T","kind":)" + std::string(100000, '[') + std::string(100000, ']') + "}]}";
     read(deep, error);
-    CHECK_TEXT(error.c_str(), "types[0].kind: expected a text, found a list of 1");
+    CHECK_TEXT(error.c_str(), "types[0] \"T\".kind: expected a text, found a list of 1");
 }
 
 TEST_CASE(typesAreWrittenAsTheyCouldBeRead) {
@@ -259,6 +271,9 @@ TEST_CASE(typesAreWrittenAsTheyCouldBeRead) {
         R"({"name":"b","type":"bool","default":false},)"
         R"({"name":"f","type":"float","default":0.1},)"
         R"({"name":"g","type":"texture_float","default":16777216},)"
+        R"({"name":"h","type":"float","default":-0},)"
+        R"({"name":"e","type":"double","default":-0},)"
+        R"({"name":"k","type":"color","default":[0,-0,0]},)"
         R"({"name":"d","type":"double","default":0.30000000000000004},)"
         R"({"name":"n","type":"vector","default":["nan",-0.5,1e-7]},)"
         R"({"name":"c","type":"color","default":[0.5,1,1.5]},)"

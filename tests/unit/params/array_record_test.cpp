@@ -34,6 +34,7 @@ const GrowthRow growthRows[] = {
     {"exact without a step", 17, 4, 0, Growth::Exact, 17},
     {"no step, no capacity", 17, 0, 0, Growth::Stepped, 17},
     {"no step: doubled", 17, 4, 0, Growth::Stepped, 32},
+    {"no step: doubled from what is there", 17, 3, 0, Growth::Stepped, 24},
     {"no step: doubled to the count", 32, 4, 0, Growth::Stepped, 32},
     {"a negative step is none", 5, 4, -3, Growth::Stepped, 8},
     {"a negative capacity is none", 5, -4, 0, Growth::Stepped, 5},

@@ -149,6 +149,51 @@ class Probe : public DefParamBase {
 
 }  // namespace
 
+// Each getter that a conversion may ask answers a number of its own, and remembers what it was asked.
+namespace {
+
+class Listener : public DefParamBase {
+  public:
+    explicit Listener(ParamType answered) : DefParamBase("listener", false), type(answered) {}
+    ParamType getType(int index, double time) override { return note(index, time, type); }
+    int getInt(int index, double time) override { return note(index, time, -7); }
+    float getFloat(int index, double time) override { return note(index, time, 1.5f); }
+    double getDouble(int index, double time) override { return note(index, time, 2.5); }
+    Color getColor(int index, double time) override { return note(index, time, Color{3, 3, 3}); }
+    AColor getAColor(int index, double time) override { return note(index, time, AColor{{4, 4, 4}, 0.5f}); }
+    bool passedOn = true;
+
+  private:
+    template <class T>
+    T note(int index, double time, T answer) {
+        passedOn = passedOn && index == 4 && time == 2.5;
+        return answer;
+    }
+    ParamType type;
+};
+
+}  // namespace
+
+TEST_CASE(conversionsPassOnIndexAndTime) {
+    struct Row {
+        ParamType type;
+        float asFloat, asColor, asAColor, alpha;
+    };
+    const Row rows[] = {
+        {PARAM_INT, 0, 0, 0, 0},   {PARAM_FLOAT, 0, 1.5f, 1.5f, 1}, {PARAM_DOUBLE, 2.5f, 2.5f, 2.5f, 1},
+        {PARAM_COLOR, 3, 0, 3, 1}, {PARAM_ACOLOR, 4, 4, 0, 0},
+    };
+    for (const Row& row : rows) {
+        Listener listener(row.type);
+        CHECK_EQ(listener.DefParamBase::getFloat(4, 2.5), row.asFloat);
+        CHECK_EQ(listener.DefParamBase::getColor(4, 2.5).b, row.asColor);
+        CHECK_EQ(listener.DefParamBase::getAColor(4, 2.5).color.b, row.asAColor);
+        CHECK_EQ(listener.DefParamBase::getAColor(4, 2.5).alpha, row.alpha);
+        CHECK(listener.DefParamBase::getBool(4, 2.5));  // a negative int is true
+        CHECK(listener.passedOn);
+    }
+}
+
 TEST_CASE(theBaseConvertsByTheTypeItIsTold) {
     struct Row {
         const char* label;

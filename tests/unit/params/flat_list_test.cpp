@@ -237,6 +237,33 @@ TEST_CASE(theNamesOfAPluginListCatchUp) {
     CHECK_TEXT(describe::answers(list, 2).text, "plugin lamp output out");
 }
 
+TEST_CASE(reserveIsForBothArraysOfAPluginList) {
+    const NothingLeft nothingLeft;
+    DefPluginListParam list("a", false);
+    for (int i = 0; i < 3; ++i) settableOf(list).setPluginOutput(&describe::lamp, "out", -1, 0.0);
+    settableOf(list).reserve(2);
+    CHECK_TEXT(describe::answers(list, 1).text, "");
+    settableOf(list).reserve(250);
+    CHECK_TEXT(describe::answers(list, 1).text, "");
+    const unsigned long long before = test_allocator::counters().requests;
+    for (int i = 0; i < 250; ++i) settableOf(list).setPluginOutput(&describe::lamp, "out", -1, 0.0);
+    CHECK_EQ(static_cast<unsigned long long>(test_allocator::counters().requests), before);
+    CHECK_TEXT(describe::answers(list, 249).text, "plugin lamp output out");
+}
+
+TEST_CASE(theTwoArraysOfAPluginListAreLookedUpApart) {
+    const NothingLeft nothingLeft;
+    DefPluginListParam list("a", false);
+    for (int i = 0; i < 3; ++i) settableOf(list).setPluginOutput(&describe::lamp, "out", -1, 0.0);
+    test_allocator::refuse(2, false);  // the names stay where they are
+    settableOf(list).reserve(500);
+    CHECK_EQ(list.getCount(0.0), 0);
+    CHECK_TEXT(describe::answers(list, 1).text, "output out");
+    settableOf(list).setPluginOutput(&describe::sphere, "side", -1, 0.0);
+    CHECK_EQ(list.getCount(0.0), 1);
+    CHECK_TEXT(describe::answers(list, 0).text, "plugin sphere output side");
+}
+
 TEST_CASE(aPluginThatFindsNoRoomLeavesNoName) {
     for (bool fromThenOn : {false, true}) {
         for (int nth : {1, 2}) {

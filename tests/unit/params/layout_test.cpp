@@ -136,6 +136,11 @@ TEST_CASE(fieldsOfListsOfLists) {
         const Owned copy(cloneOf(*value));
         checkArray(*copy, 32, 3, 1, 3);
         CHECK_EQ(fieldAt<const ArrayRecord<char>* const*>(*copy, 48)[2]->step, 1);
+        // No operation sets the second-level index, but the renderer may, and a clone has it too.
+        const std::int32_t second = 7;
+        std::memcpy(reinterpret_cast<char*>(value.value) + 64, &second, sizeof second);
+        const Owned later(cloneOf(*value));
+        CHECK_EQ(fieldAt<std::int32_t>(*later, 64), 7);
     }
 }
 
@@ -153,6 +158,17 @@ TEST_CASE(fieldsOfTheMapChannels) {
     CHECK_EQ(channels[1].number, 44);
     CHECK_EQ(channels[1].vertices.step, 100);
     CHECK_EQ(channels[1].faces.step, 100);
+    // Counts that are set are met exactly, those that are reserved too.
+    settableOf(*value).setCount(3);
+    CHECK_EQ(channels[1].faces.capacity, 3);
+    settableOf(*value).reserve(5);
+    CHECK_EQ(channels[1].faces.capacity, 5);
+    value->closeList(0);
+    value->openList(1);
+    settableOf(*value).setCount(3);
+    CHECK_EQ(channels[1].vertices.capacity, 3);
+    settableOf(*value).reserve(5);
+    CHECK_EQ(channels[1].vertices.capacity, 5);
     CHECK_EQ(static_cast<int>(reinterpret_cast<const char*>(&channels[1].vertices) -
                               reinterpret_cast<const char*>(&channels[1])),
              8);

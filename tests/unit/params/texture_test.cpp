@@ -75,12 +75,20 @@ int write(KelmoPluginParameter& value, const char* section, ShaderText& text, co
     return shader.writeShaderSource(nullptr, nullptr, section, &text, context);
 }
 
-// A value that answers the time it is asked at.
+// A value that answers the time it is asked at, for index 0.
 class Clock : public DefParamBase {
   public:
     Clock() : DefParamBase("clock", false) {}
-    ParamType getType(int, double time) override { return time == 0.0 ? PARAM_FLOAT : PARAM_UNKNOWN; }
-    float getFloat(int, double time) override { return static_cast<float>(time); }
+    ParamType getType(int index, double time) override { return index == 0 && time == 0.0 ? type : PARAM_UNKNOWN; }
+    int getInt(int index, double time) override { return static_cast<int>(getFloat(index, time)); }
+    float getFloat(int index, double time) override { return index == 0 ? static_cast<float>(time) : -1.0f; }
+    double getDouble(int index, double time) override { return static_cast<double>(getFloat(index, time)); }
+    Color getColor(int index, double time) override {
+        const float now = getFloat(index, time);
+        return Color{now, now, now};
+    }
+    AColor getAColor(int index, double time) override { return AColor{getColor(index, time), getFloat(index, time)}; }
+    ParamType type = PARAM_FLOAT;
 };
 
 }  // namespace
@@ -152,6 +160,14 @@ TEST_CASE(theTimeOfTheContextIsPassedOn) {
     CHECK_TEXT(text.text, "color 12.500000 12.500000 12.500000 12.500000\n");
     CHECK_EQ(write(clock, "MaterialDescriptor", text, &without), 1);
     CHECK_TEXT(text.text, "color 0.000000 0.000000 0.000000 0.000000\n");
+    // The getter of the type at index 0 and time 0 is asked, with index 0 and the context's time.
+    for (const ParamType type : {PARAM_INT, PARAM_FLOAT, PARAM_DOUBLE, PARAM_COLOR, PARAM_ACOLOR}) {
+        clock.type = type;
+        CHECK_EQ(write(clock, "MaterialDescriptor", text, &at), 1);
+        CHECK_TEXT(text.text, type == PARAM_INT     ? "color 12.000000 12.000000 12.000000 12.000000\n"
+                              : type == PARAM_COLOR ? "color 12.500000 12.500000 12.500000 1.000000\n"
+                                                    : "color 12.500000 12.500000 12.500000 12.500000\n");
+    }
     auto& shader = part<RTTexInterface>(clock, EXT_RTTEX);
     CHECK_EQ(shader.reservedQuery(), 0);
     shader.reservedNotify();

@@ -1,4 +1,6 @@
 // Records that wait: kept as they were written, made with what they refer to when somebody asks.
+#include <cstring>
+
 #include "check.h"
 #include "core/core_api.h"
 #include "test_scene.h"
@@ -56,6 +58,52 @@ TEST_CASE(otherKindsAndUnknownNodesAreRefused) {
     }
 }
 
+// Of one node there can be a plugin of each kind, standing and waiting.
+TEST_CASE(theKindDecidesAmongThoseOfANode) {
+    struct Row {
+        const char* label;
+        const char* lines;
+        const char* node;
+        const char* kind;
+        const char* name;  // of the plugin; null: none
+    };
+    const char both[] =
+        "{\"type\":\"Material\",\"name\":\"m\",\"node\":\"brick\",\"deferred\":true}\n"
+        "{\"type\":\"Node\",\"name\":\"n\",\"node\":\"brick\",\"deferred\":true}\n";
+    const char standing[] =
+        "{\"type\":\"Node\",\"name\":\"brick\"}\n"
+        "{\"type\":\"Material\",\"name\":\"m\",\"node\":\"brick\",\"deferred\":true}\n";
+    const char later[] =
+        "{\"type\":\"Node\",\"name\":\"n\",\"node\":\"brick\"}\n"
+        "{\"type\":\"Material\",\"name\":\"m\",\"node\":\"brick\"}\n"
+        "{\"type\":\"Material\",\"name\":\"brick\",\"deferred\":true}\n";
+    const Row rows[] = {
+        {"both wait", both, "brick", "material", "m"},       {"both wait", both, "brick", "node", "n"},
+        {"both wait", both, "brick", "texture", nullptr},    {"both wait", both, "brick", nullptr, "m"},
+        {"one stands", standing, "brick", "material", "m"},  {"one stands", standing, "brick", "node", "brick"},
+        {"one stands", standing, "brick", nullptr, "brick"}, {"the second stands", later, "brick", "material", "m"},
+        {"the second stands", later, "brick", "node", "n"},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.label);
+        TestScene test;
+        CHECK_TEXT(test.readLines(row.lines).c_str(), "");
+        KUtils::ErrorRecord* problem = nullptr;
+        const KUtils::Plugin* plugin = Offline::materialise(test.contents, row.node, row.kind, &problem);
+        CHECK(plugin == (row.name != nullptr ? test.find(row.name) : nullptr));
+        CHECK_EQ(plugin != nullptr, row.name != nullptr);
+        CHECK_TEXT(takeError(problem).c_str(), "");
+    }
+    // A plugin of the record's name stands for it, also for a kind that it is not.
+    TestScene test;
+    CHECK_TEXT(test.readLines(THREE).c_str(), "");
+    CHECK(test.contents.create(*test.contents.catalogue().find("Node"), "three") != nullptr);
+    KUtils::ErrorRecord* problem = nullptr;
+    CHECK(Offline::materialise(test.contents, "three", "material", &problem) == nullptr);
+    CHECK(problem == nullptr);
+    CHECK(Offline::materialise(test.contents, "three", "node", nullptr) == test.find("three"));
+}
+
 TEST_CASE(recordsKeepTheirPlaceWhenPluginsAroundThemGo) {
     TestScene test;
     CHECK_TEXT(test.readLines(scene()).c_str(), "");
@@ -98,6 +146,47 @@ TEST_CASE(aRecordOutlivesWhatItRefersTo) {
     CHECK_TEXT(again.readLines(test.lines()).c_str(), "");
     CHECK(Offline::materialise(again.contents, "x", nullptr) != nullptr);
     CHECK_TEXT(again.lines().c_str(), "{\"type\":\"Material\",\"name\":\"x\",\"params\":{\"next\":null}}\n");
+}
+
+// A record that could be read once, and can be made no more, says why.
+TEST_CASE(whyARecordCannotBeMade) {
+    struct Row {
+        const char* label;
+        const char* types;  // added after the scene was read
+        const char* error;
+    };
+    const Row rows[] = {
+        {"as before", "{\"types\":[]}", ""},
+        {"the parameter is gone",
+         "{\"types\":[{\"name\":\"Material\",\"params\":[{\"name\":\"nest\",\"type\":\"plugin\"}]}]}",
+         "[s] line 3, column 61 | plugin \"three\", parameter \"next\" | the type \"Material\" has no parameter "
+         "\"next\" "
+         "(did you mean \"nest\"?)"},
+        {"the parameter is an int",
+         "{\"types\":[{\"name\":\"Material\",\"params\":[{\"name\":\"next\",\"type\":\"int\"}]}]}",
+         "[s] line 3, column 68 | plugin \"three\", parameter \"next\" | expected an integer, found \"a\""},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.label);
+        TestScene test;
+        CHECK_TEXT(test.readLines(std::string(A) + THREE).c_str(), "");
+        CHECK_TEXT(takeError(test.contents.catalogue().addText(row.types, std::strlen(row.types), "t")).c_str(), "");
+        KUtils::ErrorRecord* problem = nullptr;
+        const KUtils::Plugin* plugin = Offline::materialise(test.contents, "three", nullptr, &problem);
+        CHECK_EQ(plugin != nullptr, *row.error == '\0');
+        CHECK_TEXT(takeError(problem).c_str(), row.error);
+        if (plugin == nullptr) CHECK_TEXT(test.lines().c_str(), (std::string(A) + THREE).c_str());
+    }
+    // Its name was given to another plugin.
+    TestScene test;
+    CHECK_TEXT(test.readLines(scene()).c_str(), "");
+    CHECK(test.contents.create(*test.contents.catalogue().find("Node"), "one") != nullptr);
+    KUtils::ErrorRecord* problem = nullptr;
+    CHECK(Offline::materialise(test.contents, "|one", nullptr, &problem) == nullptr);
+    CHECK_TEXT(takeError(problem).c_str(),
+               "[s] line 3, column 1 | plugin \"one\" | a plugin of this name stands in the scene already");
+    CHECK(Offline::materialise(test.contents, "nobody", nullptr, &problem) == nullptr);
+    CHECK(problem == nullptr);
 }
 
 TEST_CASE(aPluginOfItsNameStandsForARecord) {
