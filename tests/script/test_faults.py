@@ -120,14 +120,12 @@ class EachAllocationTest(cases.CallTest):
         self.module._init()
         self.addExtraScene()
 
-    def endAndStartAnew(self):
-        """What the call has left alive or misused, as text; the state before a call stands again."""
+    def left(self):
+        """What the call has left alive or misused, as text. Only a new start may follow."""
         self.module._uninit()
         report = offlinehost.end()
-        left = ['%s: %d' % (name, report[name]) for name in sorted(report)
-                if (name.endswith('_leaked') or name.startswith('misuse_')) and report[name]]
-        self.startAnew()
-        return ', '.join(left)
+        return ', '.join('%s: %d' % (name, report[name]) for name in sorted(report)
+                         if (name.endswith('_leaked') or name.startswith('misuse_')) and report[name])
 
     def refused(self, call, nth, persistent):
         """(refusals, result, scenes afterwards) of a call whose nth allocation is refused."""
@@ -182,7 +180,7 @@ class EachAllocationTest(cases.CallTest):
                 if refusals == 0:
                     break
                 problem = self.problem(call, result, scenes, before, full, fullResult)
-                left = self.endAndStartAnew()
+                left = self.left()
                 if problem or left:
                     problems.append('%s, allocation %d%s: %s %s\n    %r' % (
                         label, nth, ' and all that follow' if persistent else '', problem or '', left, result))
