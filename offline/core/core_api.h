@@ -40,6 +40,11 @@ KELMO_CORE_API bool isObserved();
 // Hands a line to the observer. See base/call_line.h for how lines are built.
 KELMO_CORE_API void reportCall(const char* text, std::size_t length);
 
+// Is told the name of each call that a manager or a scene receives from outside; null: nobody. Whoever listens tells
+// a second thread by it.
+using CallWatcher = void (*)(const char* functionName);
+KELMO_CORE_API void setCallWatcher(CallWatcher watcher);
+
 // The manager of the main scene: a catalogue of plugin types and the main scene's contents.
 
 KELMO_CORE_API KUtils::PluginManager* makeManager();

@@ -39,6 +39,7 @@ Host& Host::get() {
 
 Host::Host() : manager(*this) {
     reset();
+    setCallWatcher([](const char* functionName) { Host::get().noteCall(functionName); });
     // What was allocated before the host was first asked is not the host's, so it can be left over at the end.
     atReset = Marks{};
 }

@@ -79,24 +79,34 @@ TEST_CASE(releaseOrderAndOwnership) {
     CHECK_EQ(testHeap().live, 0);
 }
 
-// The operation reports success, and the records that were there are out of reach.
+// The operation reports success, and the records that were there are out of reach: as many as there were, and no more.
 TEST_CASE(failedAllocationDropsTheList) {
-    Part a('a', 1), b('b', 2);
-    released.clear();
-    const int before = testHeap().live;
-    void* dropped = nullptr;
-    {
-        PluginBase base;
-        base.addInterface(&a, 1);
-        dropped = testHeap().newest;
-        testHeap().failNext = 1;
-        CHECK(base.addInterface(&b, 1));
-        CHECK_EQ(base.getInterface(1), nullptr);
-        CHECK_EQ(base.getInterface(2), nullptr);
+    constexpr int MOST = 5;
+    Part parts[MOST + 1] = {{'a', 1}, {'b', 2}, {'c', 3}, {'d', 4}, {'e', 5}, {'f', 6}};
+    for (int records = 0; records <= MOST; ++records) {
+        released.clear();
+        const int before = testHeap().live;
+        void* dropped[MOST] = {};
+        {
+            PluginBase base;
+            for (int i = 0; i < records; ++i) {
+                base.addInterface(&parts[i], 1);
+                dropped[i] = testHeap().newest;
+            }
+            testHeap().failNext = 1;
+            CHECK(base.addInterface(&parts[records], 1));
+            for (int id = 1; id <= MOST + 1; ++id) CHECK_EQ(base.getInterface(id), nullptr);
+            CHECK(!base.removeInterface(&parts[0]));
+            // What is added afterwards is released, what was dropped is not.
+            CHECK(base.addInterface(&parts[records], 1));
+            CHECK_EQ(base.getInterface(records + 1), static_cast<PluginInterface*>(&parts[records]));
+            CHECK_EQ(testHeap().live, before + records + 1);
+        }
+        const char newest[] = {static_cast<char>('a' + records), 0};
+        CHECK_TEXT(released.c_str(), newest);
+        CHECK_EQ(testHeap().live, before + records);
+        for (int i = 0; i < records; ++i) kelmo_free(dropped[i], sizeof(InterfaceRecord));
     }
-    CHECK_TEXT(released.c_str(), "");
-    CHECK_EQ(testHeap().live, before + 1);
-    kelmo_free(dropped, sizeof(InterfaceRecord));
 }
 
 TEST_CASE(copyHasAnEmptyList) {

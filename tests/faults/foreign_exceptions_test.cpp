@@ -124,6 +124,9 @@ std::vector<std::string> runOnce(const char* function, const char* argumentText,
         }
         CHECK_EQ(PyErr_Occurred() != nullptr, raiseAt == 0 && result == nullptr);
         PyErr_Clear();
+        // One that was raised while a level was closed has closed none.
+        const bool isClosing = raiseAt != 0 && reached[raiseAt - 1] == "value.closeList";
+        CHECK_EQ(world.openLevels(), isClosing ? 1 : 0);
 
         // The module goes on where it was; a start that failed is none.
         const Object again = python("('thing',)");
@@ -203,6 +206,7 @@ TEST_CASE(everyOperationOfTheHost) {
                                        "scene.findPlugin",
                                        "scene.readFile",
                                        "value.clone",
+                                       "value.closeList",
                                        "value.getAColor",
                                        "value.getBool",
                                        "value.getColor",

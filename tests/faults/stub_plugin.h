@@ -65,6 +65,7 @@ class StubPlugin final : public KUtils::Plugin {
         list.values.push_back(value);
         carried[valueName] = value;
     }
+    void carryNothing() { list.values.assign(1, nullptr); }
     KUtils::PluginInterface* getInterface(KUtils::InterfaceID id) override {
         reach("plugin.getInterface");
         if (id == KUtils::UNIQUE_PLUGIN_INTERFACE_ID) return nullptr;
@@ -77,6 +78,7 @@ class StubPlugin final : public KUtils::Plugin {
     }
     int setParameter(KUtils::KelmoPluginParameter* value) override {
         reach("plugin.setParameter");
+        if (!takesValues) return 0;
         carried[value->getName()] = value;
         return 1;
     }
@@ -85,6 +87,8 @@ class StubPlugin final : public KUtils::Plugin {
         const auto found = carried.find(wanted);
         return found != carried.end() ? found->second : nullptr;
     }
+
+    bool takesValues = true;
 
   private:
     ParameterList list;

@@ -39,7 +39,7 @@ namespace {
 struct Renderer {
     Plugin* find(const char* wanted) {
         for (Plugin* plugin : {thing, other}) {
-            if (plugin != nullptr && std::strcmp(plugin->name, wanted) == 0) return noPlugins ? nullptr : plugin;
+            if (plugin->name != nullptr && std::strcmp(plugin->name, wanted) == 0) return noPlugins ? nullptr : plugin;
         }
         return nullptr;
     }
@@ -52,6 +52,7 @@ struct Renderer {
     SceneList* scenes = nullptr;
     PluginDescriptor* type = nullptr;
     bool noPlugins = false;
+    bool noClones = false;
     int loads = 0;
 };
 
@@ -139,6 +140,8 @@ void freeScenes(SceneList& scenes) {
 
 }  // namespace
 
+bool answersNoClones() { return renderer.noClones; }
+
 struct World::Parts {
     Parts() {
         host.pluginManager = &manager;
@@ -150,7 +153,7 @@ struct World::Parts {
             thing.carry(&values.back()->value, carried.name);
         }
         extra.carry(&values.front()->value, "int");
-        renderer = Renderer{&thing, &other, &extra, &manager, &host, &scenes, &descriptor, false, 0};
+        renderer = Renderer{&thing, &other, &extra, &manager, &host, &scenes, &descriptor};
         // As the module itself does it: a scene in the list's storage.
         auto* block = static_cast<SceneBlock*>(kelmo_malloc(sizeof(SceneBlock)));
         *block = SceneBlock{nullptr, nullptr, 1, 4, static_cast<SceneNode*>(kelmo_malloc(4 * sizeof(SceneNode)))};
@@ -193,6 +196,32 @@ void World::hideDescriptors() {
 }
 
 void World::hideOthersDescriptor() { parts->other.hideDescriptor(); }
+void World::takePluginManager() { parts->host.pluginManager = nullptr; }
+void World::takeOwnedValues() { parts->host.ownedParams = nullptr; }
+void World::takeOthersName() { parts->other.name = nullptr; }
+void World::takeLists() {
+    for (StubPlugin* plugin : {&parts->thing, &parts->other, &parts->extra}) plugin->paramList = nullptr;
+    parts->descriptor.params = nullptr;
+}
+void World::beginListsWithNulls() {
+    parts->descriptor.records.front().name = nullptr;
+    parts->descriptor.table.count = 2;
+    parts->extra.carryNothing();
+    parts->extra.carry(&parts->values.front()->value, "int");
+}
+void World::answerNoClones() { renderer.noClones = true; }
+void World::refuseValues() {
+    for (StubPlugin* plugin : {&parts->thing, &parts->other, &parts->extra}) plugin->takesValues = false;
+}
+void World::carryMany(std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) parts->extra.carry(&parts->values.front()->value, "int");
+}
+int World::openLevels() const {
+    int levels = 0;
+    for (const auto& holder : parts->values) levels += holder->value.openLevels();
+    return levels;
+}
+std::uint32_t World::ownedValues() const { return parts->set.count; }
 
 }  // namespace stub
 

@@ -56,6 +56,23 @@ class World {
     void answerNoPlugins();
     void hideDescriptors();
     void hideOthersDescriptor();
+    // The host's manager has no plugin manager; it has no set of owned values.
+    void takePluginManager();
+    void takeOwnedValues();
+    // "other" has no name; no plugin has a list of values, and the type none of parameters.
+    void takeOthersName();
+    void takeLists();
+    // The type's first parameter has no name, and the values that "extra" carries begin with a null one.
+    void beginListsWithNulls();
+    // Values cannot be cloned, though they say so; plugins take no value that they are given.
+    void answerNoClones();
+    void refuseValues();
+    // "extra" carries so many values.
+    void carryMany(std::size_t count);
+    // How many levels are left open in the values that are carried.
+    int openLevels() const;
+    // How many values the host owns.
+    std::uint32_t ownedValues() const;
 
   private:
     struct Parts;

@@ -48,7 +48,10 @@ ListHandle Value::openListImpl(int) {
     return ++depth;
 }
 
-ListHandle Value::closeList(ListHandle) { return --depth; }
+ListHandle Value::closeList(ListHandle) {
+    reach("value.closeList");
+    return --depth;
+}
 
 int Value::getInt(int, double) {
     reach("value.getInt");
@@ -114,6 +117,7 @@ PluginInterface* Value::getInterface(InterfaceID id) {
 
 KelmoPluginParameter* Value::clone() {
     reach("value.clone");
+    if (answersNoClones()) return nullptr;
     return new Value(carried, referred);
 }
 

@@ -1,5 +1,5 @@
-// The values that plugins of the stub renderer carry: one of every kind, single and in lists. All but `closeList`, the
-// way back that is taken also while an exception passes, say that they were reached.
+// The values that plugins of the stub renderer carry: one of every kind, single and in lists. Each of their operations
+// says that it was reached.
 #pragma once
 
 #include <vector>
@@ -9,6 +9,7 @@
 namespace stub {
 
 void reach(const char* operation);
+bool answersNoClones();
 
 // A value that is carried: its name, the type code that it answers, the one that is declared, and its shape.
 struct Carried {
@@ -49,6 +50,9 @@ class Value final : public KUtils::KelmoPluginParameter, public KUtils::KelmoClo
 
     KUtils::PluginBase* getPlugin() override { return this; }
     KUtils::KelmoPluginParameter* clone() override;
+
+    // How many levels are open.
+    int openLevels() const { return depth; }
 
   private:
     const Carried& carried;

@@ -7,6 +7,8 @@ import unittest
 import offlinehost
 import support
 
+GOLDEN_SURFACE = os.path.join(os.path.dirname(os.path.abspath(__file__)), 'golden', 'surface.txt')
+
 SCENE = support.sceneText({'type': 'MtlDiffuse', 'name': 'clay'}, {'type': 'SettingsOutput', 'name': 'output'},
                           {'type': 'GeomNode', 'name': 'node'})
 
@@ -158,30 +160,68 @@ class SecondThreadTest(support.HostTest):
         thread.join()
 
     def assertMisused(self, *names):
-        """Each call was counted, and the first one named."""
-        self.assertWarned('%s was called from a second thread; only the thread that called first may call' % names[0])
+        """Each call was counted, and the first one named; nothing else was said by the host itself."""
+        misuse = '%s was called from a second thread; only the thread that called first may call' % names[0]
+        self.assertEqual([text for text in offlinehost.warnings() if 'exported' not in text], [misuse])
         self.report = offlinehost.end()
         self.assertEqual(self.report['misuse_threads'], len(names))
         self.report.update(misuse_threads=0)
 
-    def testEachCall(self):
-        for call, arguments, names in (
-                ('_pluginExists', ('clay',), ['findPlugin']),
-                ('_create', ('MtlDiffuse', 'new'), ['createPlugin']),
-                ('_delete', ('clay',), ['findPlugin', 'deletePlugin']),
-                ('_getParam', ('clay', 'color'), ['findPlugin']),
-                ('_setParam', ('clay', 'color', (5, (1.0, 0.5, 0.25))), ['findPlugin']),
-                ('_duplicate', ('clay', 'copy'), ['findPlugin', 'createPlugin']),
-                ('_exportNode', ('clay',), ['exportNode']),
-                ('_uninit', (), ['endScriptAccess'])):
+    # What the host and the core are asked for by a call of each function.
+    CALLS = [
+        ('_init', (), ['getPluginManager', 'getScenes', 'beginScriptAccess']),
+        ('_uninit', (), ['endScriptAccess']),
+        ('_delete', ('clay',), ['findPlugin', 'deletePlugin']),
+        ('_create', ('MtlDiffuse', 'new'), ['enumPlugins', 'createPlugin']),
+        ('_setParam', ('clay', 'color', (5, (1.0, 0.5, 0.25))), ['findPlugin']),
+        ('_getParam', ('clay', 'color'), ['findPlugin']),
+        ('_getPluginParams', ('clay', 1), ['findPlugin']),
+        ('_getTypeParams', ('MtlDiffuse',), ['getPluginDescriptor']),
+        ('_getPluginType', ('clay',), ['findPlugin']),
+        ('_getParamType', ('clay', 'color'), ['findPlugin']),
+        ('_isOutputParam', ('clay', 'color'), ['findPlugin']),
+        ('_pluginExists', ('clay',), ['findPlugin']),
+        ('_paramExists', ('clay', 'color'), ['findPlugin']),
+        ('_findByType', ('*',), ['enumPlugins']),
+        ('_findByName', ('*',), ['enumPlugins']),
+        ('_exportTexture', ('nobody',), ['exportTexture', 'printWarning']),
+        ('_exportMaterial', ('clay',), ['exportMaterial']),
+        ('_exportCamera', ('nobody',), ['exportCamera', 'printWarning']),
+        ('_exportNode', ('clay',), ['exportNode']),
+        ('_addSceneContent', ([None], ''), ['KelmoScene', 'readFile']),
+        ('_appendSceneContent', ([], ''), ['KelmoScene']),
+        ('_duplicate', ('clay', 'copy'), ['findPlugin', 'createPlugin']),
+        ('_unique', ('clay',), ['findPlugin']),
+    ]
+
+    def caught(self, function, arguments):
+        """Calls; a failure of the function's own does not matter here."""
+        try:
+            function(*arguments)
+        except Exception as error:
+            self.assertEqual(str(error), 'no file name')
+
+    def testEachFunction(self):
+        self.assertEqual([call for call, _, _ in self.CALLS],
+                         [line.split('\t')[0] for line in open(GOLDEN_SURFACE)])
+        for call, arguments, names in self.CALLS:
             offlinehost.reset()
             offlinehost.open_text(SCENE)
             self.module._init()
-            self.inAThread(getattr(self.module, call), *arguments)
+            self.inAThread(self.caught, getattr(self.module, call), arguments)
             self.module._uninit()
             self.assertMisused(*names)
         self.report = None
         offlinehost.reset()
+
+    def testAnExtraScene(self):
+        """Its own calls are watched too."""
+        self.module._init()
+        self.module._addSceneContent([support.scenePath('studio_obj.kscene')], '')
+        name = json.loads(offlinehost.extra_text(0).splitlines()[1])['name']
+        self.inAThread(self.module._delete, name)
+        self.module._uninit()
+        self.assertMisused('findPlugin', 'findPlugin', 'deletePlugin')
 
     def testTheFirstCallerMayBeAnyThread(self):
         offlinehost.reset()

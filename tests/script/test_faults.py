@@ -15,6 +15,8 @@ import support
 NO_ROOT = ('MayaSceneAccessUtils: Could not find environment variable "KELMO_FOR_MAYA2020_MAIN" (or its fallback: '
            '"KELMO_FOR_MAYA2020_MAIN_x64")')
 
+NO_MEMORY = ['raises', MemoryError, '']
+
 # How a call of each function may say that it has found no memory: kind and text, in which {0} and {1} are its
 # arguments and {type} is the type of the plugin that it names first. Those that load files have the core's own words.
 # A function that does not stand here asks for no memory.
@@ -34,15 +36,18 @@ REFUSALS = {
 }
 
 
-def refusals(name, arguments, scenes):
-    """The outcomes with which this call may refuse."""
+def refusals(name, arguments, scenes, warns):
+    """The outcomes with which this call may refuse; without `warns` the host prints no warnings."""
     texts = [text.encode('utf-8') if isinstance(text, unicode) else text for text in arguments]
     kind = ''
     for scene in [scenes.main] + scenes.extra:
         kind = kind or texts and name == '_duplicate' and scene.get(texts[0], {}).get('type', '')
     for how, words in REFUSALS[name]:
         text = words.format(*texts, type=kind)
-        yield ['warns', (text,)] if how == 'warns' else ['raises', how, text]
+        if how == 'warns':
+            yield ['warns', (text,)] if warns else ['raises', Exception, text]
+        else:
+            yield ['raises', how, text]
 
 
 def isReduced(value, full):
@@ -105,6 +110,8 @@ class Scenes(object):
 
 class EachAllocationTest(cases.CallTest):
 
+    warns = True
+
     def startAnew(self):
         self.module._uninit()
         offlinehost.reset()
@@ -113,14 +120,12 @@ class EachAllocationTest(cases.CallTest):
         self.module._init()
         self.addExtraScene()
 
-    def endAndStartAnew(self):
-        """What the call has left alive or misused, as text; the state before a call stands again."""
+    def left(self):
+        """What the call has left alive or misused, as text. Only a new start may follow."""
         self.module._uninit()
         report = offlinehost.end()
-        left = ['%s: %d' % (name, report[name]) for name in sorted(report)
-                if (name.endswith('_leaked') or name.startswith('misuse_')) and report[name]]
-        self.startAnew()
-        return ', '.join(left)
+        return ', '.join('%s: %d' % (name, report[name]) for name in sorted(report)
+                         if (name.endswith('_leaked') or name.startswith('misuse_')) and report[name])
 
     def refused(self, call, nth, persistent):
         """(refusals, result, scenes afterwards) of a call whose nth allocation is refused."""
@@ -138,7 +143,7 @@ class EachAllocationTest(cases.CallTest):
         pending = offlinehost.take_pending_error()
         if pending is not None:
             return 'left pending: ' + pending
-        if result in refusals(name, arguments, before):
+        if result in refusals(name, arguments, before, self.warns):
             return None if scenes == before else 'refused, and the scene changed'
         if name in ('_addSceneContent', '_appendSceneContent'):
             if scenes.main != before.main or len(scenes.extra) != len(full.extra):
@@ -154,21 +159,28 @@ class EachAllocationTest(cases.CallTest):
             return 'another result'
         return None if scenes.isReduced(full, before) else 'another scene'
 
-    def checkCall(self, label, call):
-        """The problems found, and how many allocations the call makes."""
+    def startBefore(self, earlier):
+        """The state in which the last call of a row is made."""
         self.startAnew()
+        for function, arguments, _ in earlier:
+            function(*arguments)
+        offlinehost.warnings()
+
+    def checkCall(self, label, earlier, call):
+        """The problems found, and how many allocations the call makes."""
+        self.startBefore(earlier)
         before = Scenes()
         _, fullResult, full = self.refused(call, 0, False)
         problems, most = [], 0
         for persistent in (False, True):
             nth = 1
             while True:
-                self.startAnew()
+                self.startBefore(earlier)
                 refusals, result, scenes = self.refused(call, nth, persistent)
                 if refusals == 0:
                     break
                 problem = self.problem(call, result, scenes, before, full, fullResult)
-                left = self.endAndStartAnew()
+                left = self.left()
                 if problem or left:
                     problems.append('%s, allocation %d%s: %s %s\n    %r' % (
                         label, nth, ' and all that follow' if persistent else '', problem or '', left, result))
@@ -176,41 +188,250 @@ class EachAllocationTest(cases.CallTest):
             most = max(most, nth - 1)
         return problems, most
 
-    def testEveryCall(self):
+    def checkRows(self, rows):
+        """The names of the functions that asked for memory in any call of these rows."""
         problems, asking = [], set()
-        for function, path, calls, _ in cases.STARTED:
-            call = self.made(calls)[0]
-            found, allocations = self.checkCall(function + ', ' + path, call)
-            problems.extend(found)
-            if allocations:
-                asking.add(call[0].__name__)
+        for function, path, calls, _ in rows:
+            made = self.made(calls)
+            for i, call in enumerate(made):
+                label = '%s, %s, call %d (%s)' % (function, path, i + 1, call[0].__name__)
+                found, allocations = self.checkCall(label, made[:i], call)
+                problems.extend(found)
+                if allocations:
+                    asking.add(call[0].__name__)
         self.assertEqual('\n'.join(problems), '')
+        return sorted(asking)
+
+
+class EveryCallTest(EachAllocationTest):
+
+    def testEveryCall(self):
         # Nothing is known of a function that never asked for memory, and those that do are all known.
-        self.assertEqual(sorted(asking), sorted(REFUSALS))
+        self.assertEqual(self.checkRows(cases.STARTED), sorted(REFUSALS))
 
-    def testAStateThatCouldNotBeHadIsNoState(self):
-        for nth in (1, 4, 5):
-            offlinehost.fail_allocation(nth)
-            self.assertRaises(Exception, self.module._init)
-            offlinehost.fail_allocation(0)
-            self.assertRaisesText(Exception, cases.NOT_INITIALISED, self.module._getPluginType, 'thing')
-            self.module._init()
-            self.assertEqual(self.module._getPluginType('thing'), 'TestThing')
+    def testCallsBeforeInitAskForNone(self):
+        self.module._uninit()
+        before = offlinehost.counters()
+        offlinehost.fail_allocation(1, persistent=True)
+        for function, path, calls, _ in cases.NOT_STARTED:
+            for call, arguments, expected in self.made(calls):
+                self.assertEqual((function, path, self.outcome(call, arguments)), (function, path, list(expected)))
+        offlinehost.fail_allocation(0)
+        after = offlinehost.counters()
+        for name in ('allocations', 'failed_allocations'):
+            self.assertEqual((name, after[name]), (name, before[name]))
 
-    def testRefusalsWhileThereIsNoPrintWarning(self):
+
+class WithoutPrintWarningTest(EachAllocationTest):
+    """What would be a warning is an Exception."""
+
+    warns = False
+
+    def setUp(self):
+        EachAllocationTest.setUp(self)
         offlinehost.set_environment(support.ROOT_VARIABLE, support.variantRoot('without_printWarning'))
         self.addCleanup(offlinehost.set_environment, support.ROOT_VARIABLE, support.STAGE)
-        self.startAnew()
-        for function, arguments, text in (
-                (self.module._create, ('TestThing', 'new'),
-                 'A plugin \\"new\\" of type \\"TestThing\\" could not be created.'),
-                (self.module._duplicate, ('thing', 'new'), 'A plugin "new" of type "TestThing" could not be created.'),
-                (self.module._exportTexture, ('texture',), 'The texture \\"texture\\" could not be exported.')):
-            before = Scenes()
-            offlinehost.fail_allocation(1, persistent=True)
-            self.assertRaisesText(Exception, text, function, *arguments)
+
+    def testEveryCallThatWarns(self):
+        warning = [name for name in REFUSALS if any(how == 'warns' for how, _ in REFUSALS[name])] + ['_getTypeParams']
+        rows = [row for row in cases.STARTED if row[0] in warning]
+        self.assertEqual(self.checkRows(rows), sorted(set(warning) - set(['_getTypeParams'])))
+
+
+# How starts end that have their state, but find no memory for one of their texts: (label, root variable, deprecated
+# variable, outcome when there is memory, and without it once and from then on).
+WITHOUT_ROOT = ['raises', Exception, NO_ROOT]
+STARTS = [
+    ('a root', support.STAGE, None, ['returns', None], WITHOUT_ROOT, WITHOUT_ROOT),
+    ('the deprecated root', None, support.STAGE, ['returns', None], WITHOUT_ROOT, WITHOUT_ROOT),
+    ('no root', None, None, WITHOUT_ROOT, WITHOUT_ROOT, WITHOUT_ROOT),
+    # A variable that cannot be read counts as missing, so the deprecated one is read.
+    ('two roots, the first of which is wrong', support.variantRoot('null_manager'), support.STAGE,
+     ['raises', Exception, 'MayaSceneAccessUtils: Could not obtain plugin manager.'], ['returns', None], WITHOUT_ROOT),
+] + [(variant, support.variantRoot(variant), None, ['raises', Exception, text], WITHOUT_ROOT, WITHOUT_ROOT)
+     for variant, text in cases.REFUSED_STARTS if text is not None]
+
+
+class StartsTest(cases.CallTest):
+
+    def setUp(self):
+        cases.CallTest.setUp(self)
+        self.module._uninit()
+        for name in (support.ROOT_VARIABLE, support.DEPRECATED_ROOT_VARIABLE):
+            self.addCleanup(offlinehost.set_environment, name, os.environ.get(name))
+
+    def addExtraScene(self):
+        pass
+
+    def start(self, nth, persistent):
+        """(whether an allocation was refused, outcome) of a start, which leaves a module that works or none."""
+        before = offlinehost.counters()
+        offlinehost.fail_allocation(nth, persistent)
+        result = self.outcome(self.module._init, ())
+        offlinehost.fail_allocation(0)
+        self.assertIs(offlinehost.take_pending_error(), None)
+        started = result[0] == 'returns'
+        self.assertIs(self.module._pluginExists('thing'), started)
+        after = offlinehost.counters()
+        self.assertEqual(after['script_access_begun'] - before['script_access_begun'], started)
+        self.module._uninit()
+        self.assertEqual(offlinehost.counters()['live_blocks'], before['live_blocks'])
+        return after['failed_allocations'] > before['failed_allocations'], result
+
+    def starts(self, persistent):
+        """The different outcomes, by the allocation from which on they are seen."""
+        seen, nth, refused = [], 0, True
+        while refused:
+            nth += 1
+            refused, result = self.start(nth, persistent)
+            if nth == 1:
+                self.assertEqual(result, NO_MEMORY)
+            elif result not in seen:
+                seen.append(result)
+        self.assertNotIn(NO_MEMORY, seen)
+        return seen, result
+
+    def check(self, label, full, once, lasting):
+        """`once` and `lasting`: the outcomes that are seen beside the full one."""
+        for persistent, others in ((False, once), (True, lasting)):
+            seen, last = self.starts(persistent)
+            self.assertEqual((label, last), (label, full))
+            expected = [full] + [other for other in others if other != full]
+            self.assertEqual((label, persistent, sorted(seen)), (label, persistent, sorted(expected)))
+
+    def testEachStart(self):
+        for label, root, deprecated, full, once, lasting in STARTS:
+            offlinehost.set_environment(support.ROOT_VARIABLE, root)
+            offlinehost.set_environment(support.DEPRECATED_ROOT_VARIABLE, deprecated)
+            self.check(label, full, [once], [lasting])
+
+    def testALibraryThatIsNotThere(self):
+        root = support.variantRoot('nowhere')
+        offlinehost.set_environment(support.ROOT_VARIABLE, root)
+        offlinehost.set_environment(support.DEPRECATED_ROOT_VARIABLE, None)
+        text = 'MayaSceneAccessUtils: Could not load library "%s/plug-ins/kelmoformaya.mll": ' % root
+        full = self.outcome(self.module._init, ())
+        self.assertTrue(full[2].startswith(text + '[loadLib] LoadLibrary failed ('), full)
+        # Without memory for the loader's reason there is no error that could be told.
+        others = [['raises', Exception, text + 'No error'], WITHOUT_ROOT]
+        self.check('nowhere', full, others, others)
+
+    def testAStartAgainThatFails(self):
+        """The state before it is gone, its access was never ended, and ending does nothing."""
+        for nth in (1, 2):
+            self.module._init()
+            blocks = offlinehost.counters()['live_blocks']
+            offlinehost.fail_allocation(nth, persistent=True)
+            self.assertEqual(self.outcome(self.module._init, ())[0], 'raises')
             offlinehost.fail_allocation(0)
-            self.assertEqual(Scenes(), before)
+            self.assertEqual(offlinehost.counters()['live_blocks'], blocks - 1)
+            self.assertRaisesText(Exception, cases.NOT_INITIALISED, self.module._getPluginType, 'thing')
+            ended = offlinehost.counters()['script_access_ended']
+            self.assertIs(self.module._uninit(), None)
+            self.assertEqual(offlinehost.counters()['script_access_ended'], ended)
+
+
+# What a _setParam leaves behind when allocation 1, 2, ... is refused, alone and with all that follow: how it says so, or
+# what the parameter reads as.
+INVALID = 'Invalid value given for parameter \\"{1}\\" in plugin \\"{0}\\".'
+UNSET = 'The parameter \\"{1}\\" couldn\'t be set for plugin \\"{0}\\".'
+EFFECTS = [
+    # The object, its name; the text that it begins with, its text.
+    (('thing', 'label', (9, 'some text')),
+     [INVALID, UNSET, "(9, 'some text')", "(9, '')"], [INVALID, UNSET, "(9, '')", "(9, '')"]),
+    # The object, its name; the exact array, without which each element is appended.
+    (('thing', 'ids', (0, [(0, 1), (0, 2)])), [INVALID, UNSET, '(0, [1, 2])'], [INVALID, UNSET, '(0, [])']),
+    # The object, its name; the array; record and characters of each text; a place in the plugin.
+    (('all', 'strings', (9, [(9, 'a'), (9, 'b')])),
+     [INVALID, UNSET, "(9, ['a', 'b'])", "(9, ['', 'b'])", "(9, ['', 'b'])", "(9, ['a', ''])", "(9, ['a', ''])", UNSET],
+     [INVALID] + [UNSET] * 7),
+    # The object, its name; the array of plugins, that of output names; a place in the plugin.
+    (('all', 'plugins', (10, [(10, 'other'), (1000, ('other', 'output_texture'))])),
+     [INVALID, UNSET] + ["(10, ['other', ('other', 'output_texture')])"] * 2 + [UNSET], [INVALID] + [UNSET] * 4),
+    # The object, its name; the array of lists as the fast road and as the walk makes it; for the walk the two lists anew;
+    # their elements. A list that is missing reads as none.
+    (('an output', 'frames', (12, [(12, [(0, 1), (0, 2)]), (12, [(0, 3)])])),
+     [INVALID, UNSET] + ['(12, [(12, [(0, 1), (0, 2)]), (12, [(0, 3)])])'] * 3 +
+     ['(12, [<NULL>, (12, [(0, 3)])])', '(12, [(12, [(0, 1), (0, 2)]), <NULL>])', '(12, [(12, []), (12, [(0, 3)])])',
+      '(12, [(12, [(0, 1), (0, 2)]), (12, [])])'],
+     [INVALID, UNSET, '(12, [])'] + ['(12, [<NULL>, <NULL>])'] * 3 +
+     ['(12, [(12, []), <NULL>])', '(12, [(12, []), (12, [])])', '(12, [(12, [(0, 1), (0, 2)]), (12, [])])']),
+    # The object, its name; the array of channels; the vertices, the faces.
+    (('a mesh', 'map_channels', (12, [(12, [(0, 5), (4, [(4, (1.5, 2.5, 3.5))]), (0, [(0, 0)])])])),
+     [INVALID, UNSET] + ['(12, [(12, [(0, 5), (4, [(1.5, 2.5, 3.5)]), (0, [0])])])'] * 3,
+     [INVALID, UNSET, '(12, [])', '(12, [(12, [(0, 5), (4, []), (0, [])])])',
+      '(12, [(12, [(0, 5), (4, [(1.5, 2.5, 3.5)]), (0, [])])])']),
+    # The object, its name twice; the list and its array on the fast road; the number's payload; the inner list's way
+    # and payload, its array; the text's payload, its copy; a place in the plugin.
+    (('all', 'anys', (12, [(0, 1), (12, [(9, 'x')])])),
+     [INVALID, UNSET, UNSET] + ["(12, [(0, 1), (12, [(9, 'x')])])"] * 2 + ["(12, [(0, 0), (12, [(9, 'x')])])"] +
+     [INVALID] * 2 + ['(12, [(0, 1), (12, [])])'] + ["(12, [(0, 1), (12, [(9, '')])])"] * 2 + [UNSET],
+     [INVALID] * 8 + [UNSET] * 4),
+]
+
+
+class EffectsTest(EachAllocationTest):
+
+    def effect(self, arguments, nth, persistent):
+        """What the call says or leaves, and whether an allocation was refused."""
+        self.startAnew()
+        refusals, result, _ = self.refused((self.module._setParam, arguments, None), nth, persistent)
+        said = result[2] if result[0] == 'raises' else repr(self.module._getParam(*arguments[:2]))
+        return said, refusals > 0
+
+    def testWhatIsMissingAfterEachRefusal(self):
+        for arguments, once, lasting in EFFECTS:
+            for persistent, expected in ((False, once), (True, lasting)):
+                seen, nth = [], 1
+                while True:
+                    said, wasRefused = self.effect(arguments, nth, persistent)
+                    if not wasRefused:
+                        break
+                    seen.append(said)
+                    nth += 1
+                expected = [text.format(*arguments) if text in (INVALID, UNSET) else text for text in expected]
+                self.assertEqual((arguments, persistent, seen), (arguments, persistent, expected))
+
+    def testANameThatIsMissingInAList(self):
+        names = self.module._getPluginParams('filled', 1)
+        offlinehost.fail_allocation(1)
+        self.assertEqual(self.module._getPluginParams('filled', 1), names[1:])
+        offlinehost.fail_allocation(1, persistent=True)
+        self.assertEqual(self.module._getPluginParams('filled', 1), [])
+
+    def testASceneThatIsMissing(self):
+        """It is listed, counted and passed over; no file is read into it."""
+        offlinehost.fail_allocation(1)
+        self.assertIs(self.module._addSceneContent([self.folder + '/none.kscene'], ''), None)
+        self.assertEqual(offlinehost.counters()['extra_scenes'], 2)
+        for name, isThere in (('thing', True), ('extra', True), ('nobody', False)):
+            self.assertIs(self.module._pluginExists(name), isThere)
+        # Behind it stands the scene that owns the plugin.
+        self.assertIs(self.module._setParam('extra', 'count', (0, 5)), None)
+        self.assertEqual(self.module._getParam('extra', 'count'), (0, 5))
+        self.assertIs(self.module._delete('extra'), None)
+        self.assertIs(self.module._pluginExists('extra'), False)
+
+    def testAFirstSceneThatIsMissing(self):
+        """It is the oldest of the list, so that what is appended to it goes nowhere."""
+        self.module._uninit()
+        offlinehost.reset()
+        self.addTestTypes()
+        offlinehost.open_text(self.scene)
+        self.module._init()
+        offlinehost.fail_allocation(1)
+        self.assertIs(self.module._appendSceneContent([self.folder + '/extra.kscene'], ''), None)
+        self.assertIs(self.module._appendSceneContent([self.folder + '/none.kscene'], ''), None)
+        self.assertIs(self.module._pluginExists('extra'), False)
+        self.assertEqual(offlinehost.counters()['extra_scenes'], 1)
+
+    def testAFileNameThatIsMissing(self):
+        before = offlinehost.counters()['failed_allocations']
+        for refusals, nth in enumerate((2, 3)):
+            offlinehost.fail_allocation(nth)
+            self.assertRaisesText(Exception, 'no file name', self.module._addSceneContent,
+                                  [self.folder + '/empty.kscene'], '')
+            self.assertEqual(offlinehost.counters()['failed_allocations'] - before, refusals + 1)
 
 
 # Sets values on more plugins than the host's set has room for, while it cannot grow; then runs what follows, and tells

@@ -3,6 +3,7 @@ import json
 import os
 import shutil
 import tempfile
+import unittest
 
 import call_cases as cases
 import offlinehost
@@ -15,6 +16,24 @@ PLUGINS = [
     {'type': 'TestMaterial', 'name': 'waiting', 'deferred': True, 'params': {'color': 'other'}},
     {'type': 'GeomStaticMesh', 'name': 'mesh', 'params': {'vertices': [[0, 0, 0], [1, 0, 0]], 'faces': [0, 1, 0]}},
 ]
+
+
+# Reads files as a user who is not root, and tells how that failed and what was read before.
+UNREADABLE = '''
+import json, os
+import offlinehost
+from kelmo import pluginmodifier as m
+offlinehost.add_types(%r)
+m._init()
+if os.getuid() == 0: os.setuid(65534)
+good, paths = %r, %r
+for path in paths:
+    try: m._addSceneContent([good, path], '')
+    except Exception as error: print error
+for index in range(len(paths)):
+    print json.dumps([json.loads(line)['name'] for line in offlinehost.extra_text(index).splitlines()[1:]])
+m._uninit()
+'''
 
 
 class FilesTest(support.ModuleTest):
@@ -31,19 +50,20 @@ class FilesTest(support.ModuleTest):
             scene.write(text)
         return self.folder + '/' + name
 
-    def failure(self, files):
+    def failure(self, files, function='_addSceneContent'):
         """The text of the exception that loading these files raises; '' when it raises none."""
         before = offlinehost.text()
         scenes = offlinehost.counters()['extra_scenes']
         text = ''
         try:
-            self.assertIs(self.module._addSceneContent(files, ''), None)
+            self.assertIs(getattr(self.module, function)(files, ''), None)
         except Exception as error:
             self.assertIs(type(error), Exception)
             text = str(error)
         self.assertIs(offlinehost.take_pending_error(), None)
-        # The scene stays listed, and the main scene does not change.
-        self.assertEqual((offlinehost.counters()['extra_scenes'], offlinehost.text()), (scenes + 1, before))
+        # A scene that was made stays listed, and the main scene does not change.
+        scenes += 1 if function == '_addSceneContent' or scenes == 0 else 0
+        self.assertEqual((offlinehost.counters()['extra_scenes'], offlinehost.text()), (scenes, before))
         return text
 
     def extraNames(self):
@@ -66,6 +86,22 @@ class UnreadableFilesTest(FilesTest):
             text = self.failure([good, path, good])
             self.assertIn(path[:400], text)
             self.assertEqual((path, self.extraNames()), (path, ['good']))
+        # Appended to the oldest scene, which has the first file's plugin already.
+        for path in paths:
+            self.assertIn(path[:400], self.failure([path, good], '_appendSceneContent'))
+            self.assertIn('"good"', self.failure([good, path], '_appendSceneContent'))
+
+    @unittest.skipUnless(os.name == 'posix', 'files have no such permissions')
+    def testFilesThatMayNotBeRead(self):
+        """As somebody who may not read everything."""
+        os.chmod(self.folder, 0o755)
+        good = self.write('good.kscene', support.sceneText({'type': 'TestThing', 'name': 'good'}))
+        closed = self.write('closed.kscene', support.sceneText({'type': 'TestThing', 'name': 'closed'}))
+        os.chmod(closed, 0)
+        os.mkdir(self.folder + '/closed', 0)
+        paths = [closed, self.folder + '/closed/any.kscene']
+        lines = ['[%s] the file cannot be read: Permission denied' % path for path in paths] + ['["good"]'] * 2
+        self.assertEqual(support.runPython(UNREADABLE % (self.types[0], good, paths)), (0, '\n'.join(lines) + '\n', ''))
 
     def testFilesThatHoldNoScene(self):
         for text in ('', '\n', ' ', '\0', '{}', '[]', 'null', '{"kelmo-scene":2}', '{"kelmo-scene":"1"}\n',

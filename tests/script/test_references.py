@@ -52,6 +52,8 @@ def madeAnew(value):
 
 class ReferenceTest(cases.CallTest):
 
+    roundCount = ROUNDS
+
     # What each call of a round gives, compared with the table.
 
     def checkOutcome(self, function, arguments, expected):
@@ -86,7 +88,7 @@ class ReferenceTest(cases.CallTest):
         after = [0] * len(watched)
         for i in range(len(watched)):
             before[i] = sys.getrefcount(watched[i])
-        self.rounds(calls, ROUNDS)
+        self.rounds(calls, self.roundCount)
         for i in range(len(watched)):
             after[i] = sys.getrefcount(watched[i])
         return [b - a for a, b in zip(before, after)]
@@ -96,20 +98,23 @@ class ReferenceTest(cases.CallTest):
         if not hasTotal:
             return 0
         before = sys.gettotalrefcount()
-        self.rounds(calls, ROUNDS)
+        self.rounds(calls, self.roundCount)
         return sys.gettotalrefcount() - before
 
     def checkRow(self, calls, kept):
         made = self.made(calls)
         for function, arguments, outcome in made:
             self.checkOutcome(function, arguments, outcome)
+        self.checkCounts(made, kept)
+
+    def checkCounts(self, made, kept):
         watched = [None, True, False]
         for _, arguments, _ in made:
             watched.extend(part for part in parts(arguments) if not isShared(part))
         self.rounds(made, WARM_UP)
         self.assertEqual(self.countsChanged(made, watched), [0] * len(watched))
         idle = self.totalChanged([(lambda: None, (), None)])
-        self.assertEqual(self.totalChanged(made) - idle, kept * ROUNDS if hasTotal else 0)
+        self.assertEqual(self.totalChanged(made) - idle, kept * self.roundCount if hasTotal else 0)
 
     def check(self, rows):
         failures = []
@@ -164,6 +169,58 @@ class TableTest(ReferenceTest):
             # Only these cannot fail while the module is started.
             if name not in ('_init', '_uninit', '_pluginExists', '_paramExists'):
                 self.assertIn('raises', kinds, name)
+
+
+class WithoutMemoryTest(ReferenceTest):
+    """The same while the core's allocator refuses: what a call says then, and what it leaves out, costs nothing."""
+
+    roundCount = 6
+    # The allocations that are refused, alone and with all that follow.
+    REFUSED = (1, 2, 3, 4, 6, 9)
+
+    def withoutMemory(self, function, nth, persistent):
+        def call(*arguments):
+            offlinehost.fail_allocation(nth, persistent)
+            try:
+                return function(*arguments)
+            finally:
+                offlinehost.fail_allocation(0)
+        return call
+
+    def startAgain(self):
+        """A start without memory has left the module without a state."""
+        if not self.module._pluginExists('thing'):
+            self.module._init()
+
+    def testEveryCall(self):
+        failures = []
+        for function, path, calls, kept in cases.STARTED:
+            # So many new scenes need more room in the list of scenes, and without memory for that the core raises what
+            # ends the interpreter: the C++ tests of faults look at it.
+            if function == '_addSceneContent':
+                continue
+            made = []
+            for nth in self.REFUSED:
+                for persistent in (False, True):
+                    made.extend((self.withoutMemory(call, nth, persistent), arguments, None)
+                                for call, arguments, _ in self.made(calls))
+                    made.append((self.startAgain, (), None))
+            try:
+                self.checkCounts(made, kept * 2 * len(self.REFUSED))
+            except AssertionError as error:
+                failures.append('%s, %s: %s' % (function, path, error))
+        self.assertEqual(failures, [])
+        offlinehost.warnings()
+
+    def testEveryStart(self):
+        self.module._uninit()
+        for variant, _ in cases.REFUSED_STARTS + [('without_printWarning', None)]:
+            offlinehost.set_environment(support.ROOT_VARIABLE, support.variantRoot(variant))
+            self.addCleanup(offlinehost.set_environment, support.ROOT_VARIABLE, support.STAGE)
+            made = [(self.withoutMemory(self.module._init, nth, persistent), (), None)
+                    for nth in self.REFUSED for persistent in (False, True)]
+            self.checkCounts(made, 0)
+            self.module._uninit()
 
 
 class MeasureTest(ReferenceTest):

@@ -1,3 +1,4 @@
+#include "core/base/call_watch.h"
 #include "core/core_api.h"
 
 namespace Offline {
@@ -5,6 +6,7 @@ namespace {
 
 TextSink observer = nullptr;
 void* observerUser = nullptr;
+CallWatcher callWatcher = nullptr;
 
 }  // namespace
 
@@ -17,6 +19,12 @@ bool isObserved() { return observer != nullptr; }
 
 void reportCall(const char* text, std::size_t length) {
     if (observer != nullptr) observer(observerUser, text, length);
+}
+
+void setCallWatcher(CallWatcher watcher) { callWatcher = watcher; }
+
+void noteCall(const char* functionName) {
+    if (callWatcher != nullptr) callWatcher(functionName);
 }
 
 }  // namespace Offline

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "core/base/call_line.h"
+#include "core/base/call_watch.h"
 #include "core/base/counters.h"
 #include "core/base/error_maker.h"
 #include "core/scene/plugin_manager.h"
@@ -15,6 +16,7 @@ namespace KUtils {
 using namespace Offline;
 
 KelmoScene::KelmoScene(PluginManager* manager, Parser* parser, int flags) {
+    noteCall("KelmoScene");
     if (isObserved()) {
         CallLine("KelmoScene(")
             .text(manager != nullptr ? "manager, " : "null, ")
@@ -37,11 +39,13 @@ KelmoScene::~KelmoScene() {
 }
 
 PluginManager* KelmoScene::getManager() {
+    noteCall("getManager");
     if (isObserved()) CallLine("scene.getManager()");
     return SceneAccess::manager(*this);
 }
 
 void KelmoScene::deletePlugin(Plugin* plugin, bool flag) {
+    noteCall("deletePlugin");
     if (isObserved()) {
         CallLine("scene.deletePlugin(")
             .quoted(plugin != nullptr ? plugin->name : nullptr)
@@ -52,12 +56,14 @@ void KelmoScene::deletePlugin(Plugin* plugin, bool flag) {
 }
 
 Plugin* KelmoScene::findPlugin(const char* name) {
+    noteCall("findPlugin");
     if (isObserved()) CallLine("scene.findPlugin(").quoted(name).text(")");
     SceneContents* contents = SceneAccess::contents(*this);
     return contents != nullptr ? contents->find(name) : nullptr;
 }
 
 Plugin* KelmoScene::newPlugin(const char* typeName, const char* name, int flags) {
+    noteCall("newPlugin");
     if (isObserved()) {
         CallLine("scene.newPlugin(").quoted(typeName).text(", ").quoted(name).text(", ").number(flags).text(")");
     }
@@ -66,6 +72,7 @@ Plugin* KelmoScene::newPlugin(const char* typeName, const char* name, int flags)
 }
 
 ErrorRecord* KelmoScene::readFile(const char* file, int flag1, int flag2, const char* text) {
+    noteCall("readFile");
     if (isObserved()) {
         CallLine("scene.readFile(")
             .quoted(file)
@@ -85,6 +92,7 @@ ErrorRecord* KelmoScene::readFile(const char* file, int flag1, int flag2, const 
 
 // The scene does not own the value: whoever made it frees it, perhaps before the scene ends.
 void KelmoScene::attachParameter(KelmoPluginParameter* param) {
+    noteCall("attachParameter");
     if (isObserved()) CallLine("scene.attachParameter(").quoted(param ? param->getName() : nullptr).text(")");
     if (param != nullptr) ++counters.attachedParameters;
 }

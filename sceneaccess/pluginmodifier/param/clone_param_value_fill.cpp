@@ -23,6 +23,17 @@ struct Fill {
     GenericSettableListParam* generic;
     std::int64_t nestedElements;
 
+    // The source outlives a fill that something of the host's ends with an exception: its level is closed then.
+    template <class Work>
+    auto closingWhenRaised(ListHandle sourceList, const Work& work) {
+        try {
+            return work();
+        } catch (...) {
+            source.closeList(sourceList);
+            throw;
+        }
+    }
+
     bool run(int level) {
         const int count = source.getCount(0.0);
         if (level > 1 && count > 0) nestedElements += count;
@@ -37,7 +48,7 @@ struct Fill {
             const ListHandle sourceList = source.openListImpl(i);
             const ListHandle targetList = target.openListImpl(i);
             if (generic != nullptr && targetList == 0) return false;
-            if (!run(level + 1)) return false;
+            if (!closingWhenRaised(sourceList, [&] { return run(level + 1); })) return false;
             source.closeList(sourceList);
             target.closeList(targetList);
         }
@@ -46,7 +57,7 @@ struct Fill {
 
     bool isListAt(int index) {
         const ListHandle peeked = source.openListImpl(index);
-        const int count = source.getCount(0.0);
+        const int count = closingWhenRaised(peeked, [&] { return source.getCount(0.0); });
         source.closeList(peeked);
         return count != -1;
     }

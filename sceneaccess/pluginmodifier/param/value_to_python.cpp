@@ -77,19 +77,6 @@ constexpr ListConverter listElementConverters[] = {
 };
 constexpr int CONVERTER_COUNT = sizeof listElementConverters / sizeof *listElementConverters;
 
-// Opens an element of a value for as long as it is looked at.
-class OpenedElement {
-  public:
-    OpenedElement(KelmoPluginParameter& owner, int index) : value(owner), handle(owner.openListImpl(index)) {}
-    OpenedElement(const OpenedElement&) = delete;
-    OpenedElement& operator=(const OpenedElement&) = delete;
-    ~OpenedElement() { value.closeList(handle); }
-
-  private:
-    KelmoPluginParameter& value;
-    ListHandle handle;
-};
-
 // One level of the interpreter's recursion, also when a foreign exception leaves it.
 class RecursionLevel {
   public:
@@ -106,13 +93,26 @@ class RecursionLevel {
     bool entered;
 };
 
+// What element `index` holds. Its level is closed again, also when reading it raises; closing may raise too.
+PyObject* openedElementToPython(KelmoPluginParameter& value, int code, int index) {
+    const ListHandle handle = value.openListImpl(index);
+    PyRef element;
+    try {
+        element = PyRef::steal(valueToPython(value, code, index));
+    } catch (...) {
+        value.closeList(handle);
+        throw;
+    }
+    value.closeList(handle);
+    return element.release();
+}
+
 PyObject* nestedListToPython(KelmoPluginParameter& value, int count) {
     const RecursionLevel level;
     if (!level) return nullptr;
     PyObject* list = listToPython(value, count, [&value](int i) {
         const int elementCode = value.getType(i, TIME);
-        const OpenedElement opened(value, i);
-        return valueToPython(value, elementCode, i);
+        return openedElementToPython(value, elementCode, i);
     });
     return makeTagged(PARAM_LIST, list);
 }
