@@ -1,8 +1,9 @@
 """Rounds, medians, ratios: how every workload is measured, printed, kept and compared.
 
 A workload has contenders, each a name and a call. The first is the floor that the others are divided by, the second
-the module. A round runs each contender once, and each round begins with another one, so that what slows the machine down for a
-while slows all of them. What is measured is the processor time of the thread; the ratio is that of the medians.
+the module, the rest are its peers. Each gives the right answer first, or the run ends. A round runs each contender
+once, and each round begins with another one, so that what slows the machine down for a while slows all of them. What
+is measured is the processor time of the thread; the ratio is that of the medians.
 """
 import gc
 import itertools
@@ -10,6 +11,14 @@ import itertools
 import benchfloors
 
 ROUNDS = 11
+
+
+class WrongResult(Exception):
+    """A contender does another job than the one that is measured."""
+
+
+def same(result):
+    return result
 
 
 class Call(object):
@@ -20,6 +29,26 @@ class Call(object):
         self.function = function
         self.arguments = arguments
         self.repeats = None
+        self.check = None
+
+    def gives(self, expected, shown=same):
+        """`expected()` is what a call must give, once `shown` has brought it into the same form."""
+        def check(result):
+            return shown(result) == expected()
+        self.check = check
+        return self
+
+    def leaves(self, expected, read):
+        """`expected` is what `read()` must give after a call."""
+        def check(_):
+            return read() == expected
+        self.check = check
+        return self
+
+    def verify(self):
+        if self.check is not None and not self.check(self.function(*self.arguments)):
+            raise WrongResult('%s does not give the right answer' % self.name)
+        self.check = None  # and what it holds
 
     def calibrate(self, seconds):
         """Finds how many calls take about so long."""
@@ -65,23 +94,27 @@ class Call(object):
 
 
 class OwnTime(object):
-    """A contender that measures itself: `function()` gives seconds an operation."""
+    """A contender that measures itself: `function()` gives seconds an operation, or raises when the result is wrong."""
 
     def __init__(self, name, function):
         self.name = name
         self.measure = function
 
-    def calibrate(self, seconds):
+    def verify(self):
         self.measure()
+
+    def calibrate(self, seconds):
+        """How often the operation is done is the function's own affair."""
 
 
 class Workload(object):
     """`goal`: the most that the module may cost, in floors; None where it is only compared."""
 
-    def __init__(self, name, contenders, goal=None):
+    def __init__(self, name, contenders, goal=None, rounds=ROUNDS):
         self.name = name
         self.contenders = contenders
         self.goal = goal
+        self.rounds = rounds
 
 
 def median(numbers):
@@ -89,16 +122,22 @@ def median(numbers):
     return ordered[len(ordered) // 2]
 
 
-def measured(workload, seconds, rounds=ROUNDS):
-    """What a run of the workload gives, as it is kept in the JSON file."""
+def measured(workload, seconds, peerStep=1):
+    """What a run of the workload gives, as it is kept in the JSON file. Peers take part in each `peerStep`-th round."""
     contenders = workload.contenders
     times = dict((contender.name, []) for contender in contenders)
+    for contender in contenders:
+        try:
+            contender.verify()
+        except WrongResult as error:
+            raise WrongResult('%s: %s' % (workload.name, error))
     gc.collect()
     for contender in contenders:
         contender.calibrate(seconds)
-    for number in range(rounds):
-        turn = number % len(contenders)
-        for contender in contenders[turn:] + contenders[:turn]:
+    for number in range(workload.rounds):
+        taking = contenders if number % peerStep == 0 else contenders[:2]
+        turn = number % len(taking)
+        for contender in taking[turn:] + taking[:turn]:
             gc.collect()
             times[contender.name].append(contender.measure())
     medians = dict((name, median(values)) for name, values in times.items())
@@ -107,6 +146,7 @@ def measured(workload, seconds, rounds=ROUNDS):
         'workload': workload.name,
         'floor': contenders[0].name,
         'goal': workload.goal,
+        'rounds': workload.rounds,
         'ratio': medians[contenders[1].name] / floor,
         'seconds': medians,
         'ratios': dict((name, value / floor) for name, value in medians.items()),
@@ -138,3 +178,13 @@ def bound(result, baseline):
         return 1.5 * result['goal']
     kept = baseline.get(result['workload'])
     return 2.0 * kept if kept is not None else None
+
+
+def complaint(result, baseline):
+    """What a check has against a result; None when it is within its bound."""
+    limit = bound(result, baseline)
+    if limit is None:
+        return '%s: no goal, and no kept ratio; --keep keeps one' % result['workload']
+    if result['ratio'] > limit:
+        return '%s: %.2f, at most %.2f' % (result['workload'], result['ratio'], limit)
+    return None

@@ -1,46 +1,18 @@
 #include "scene.h"
 
-#include <dlfcn.h>
 #include <fnmatch.h>
 
-#include <memory>
 #include <stdexcept>
-#include <unordered_map>
 
-#include "kelmo/scene/host_exports.h"
+#include "connection.h"
+#include "kelmo/param/settable.h"
+#include "kelmo/plugin/parameter_list.h"
 
 namespace BenchScene {
 
 using namespace KUtils;
 
 namespace {
-
-HostPluginManager* manager = nullptr;
-
-// A number that the wrapper keeps for a plugin.
-class Number final : public KelmoPluginParameter {
-  public:
-    Number(const std::string& paramName, double number) : name(paramName), value(static_cast<float>(number)) {}
-    const char* getName() override { return name.c_str(); }
-    ParamType getType(int, double) override { return PARAM_FLOAT; }
-    float getFloat(int, double) override { return value; }
-
-  private:
-    std::string name;
-    float value;
-};
-
-Plugin* pluginOf(const std::string& name) {
-    Plugin* plugin = manager->findPlugin(name.c_str());
-    if (plugin == nullptr) throw std::runtime_error("no plugin " + name);
-    return plugin;
-}
-
-KelmoPluginParameter* valueOf(const std::string& plugin, const std::string& param) {
-    KelmoPluginParameter* value = pluginOf(plugin)->getParameter(param.c_str());
-    if (value == nullptr) throw std::runtime_error("no value " + param);
-    return value;
-}
 
 class FindByName final : public EnumPluginCallback {
   public:
@@ -56,40 +28,47 @@ class FindByName final : public EnumPluginCallback {
     const std::string& pattern;
 };
 
+class CopyValues final : public EnumParamsCallback {
+  public:
+    explicit CopyValues(Plugin& plugin) : target(plugin) {}
+    int process(KelmoPluginParameter* value) override {
+        PluginInterface* cloneable = value->getInterface(EXT_CLONEABLE_PARAM);
+        if (cloneable == nullptr) throw std::runtime_error("cannot be copied");
+        give(target,
+             std::unique_ptr<KelmoPluginParameter>(static_cast<KelmoCloneableParamInterface*>(cloneable)->clone()));
+        return 1;
+    }
+
+  private:
+    Plugin& target;
+};
+
 }  // namespace
 
-void connect(const std::string& path) {
-    void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
-    void* symbol = library != nullptr ? dlsym(library, HOST_GET_PLUGIN_MANAGER) : nullptr;
-    if (symbol == nullptr) throw std::runtime_error(path + " is not loaded, or is no host");
-    manager = reinterpret_cast<GetPluginManagerFunction>(symbol)();
-}
+bool exists(const std::string& plugin) { return manager().findPlugin(plugin.c_str()) != nullptr; }
 
-bool exists(const std::string& plugin) { return manager->findPlugin(plugin.c_str()) != nullptr; }
-
-double getFloat(const std::string& plugin, const std::string& param) {
-    return static_cast<double>(valueOf(plugin, param)->getFloat(0, 0.0));
-}
-
-void setFloat(const std::string& plugin, const std::string& param, double value) {
-    // The values that were set, by what carries them; an older one goes when it is replaced.
-    static std::unordered_map<std::string, std::unique_ptr<Number>> numbers;
-    auto number = std::make_unique<Number>(param, value);
-    if (pluginOf(plugin)->setParameter(number.get()) == 0) throw std::runtime_error("refused: " + param);
-    numbers[plugin + "." + param] = std::move(number);
-}
-
-std::vector<float> getFloatList(const std::string& plugin, const std::string& param) {
-    const ListView<float> view = valueOf(plugin, param)->getFloatList(0.0);
-    std::vector<float> values(view.data, view.data + view.count);
-    releaseView(view);
-    return values;
+bool paramExists(const std::string& plugin, const std::string& param) {
+    const ParamTable& table = *pluginOf(plugin).descriptor->params;
+    for (int i = 0; i < table.count; ++i) {
+        if (param == table.records[i].name) return true;
+    }
+    return false;
 }
 
 std::vector<std::string> findByName(const std::string& pattern) {
     FindByName search(pattern);
-    manager->pluginManager->enumPlugins(&search);
+    manager().pluginManager->enumPlugins(&search);
     return std::move(search.found);
+}
+
+std::string duplicate(const std::string& source, const std::string& name) {
+    Plugin& original = pluginOf(source);
+    bool existed = false;
+    Plugin* copy = manager().createPlugin(name.c_str(), pluginTypeName(&original), existed, false, false, false);
+    if (copy == nullptr || existed) throw std::runtime_error("could not be made: " + name);
+    CopyValues values(*copy);
+    original.paramList->enumParams(&values);
+    return pluginName(copy);
 }
 
 }  // namespace BenchScene

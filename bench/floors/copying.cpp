@@ -4,6 +4,7 @@
 
 // Order as above: the interpreter's header comes first.
 #include <cstring>
+#include <memory>
 #include <vector>
 
 #include "kelmo/param/settable.h"
@@ -28,6 +29,13 @@ class Share final : public EnumParamsCallback {
   private:
     Plugin* target;
 };
+
+// Null with an error pending when the value cannot clone itself.
+KelmoCloneableParamInterface* cloneableOf(KelmoPluginParameter& value) {
+    PluginInterface* cloneable = value.getInterface(EXT_CLONEABLE_PARAM);
+    if (cloneable == nullptr) PyErr_SetString(PyExc_TypeError, "the value cannot clone itself");
+    return static_cast<KelmoCloneableParamInterface*>(cloneable);
+}
 
 }  // namespace
 
@@ -76,11 +84,25 @@ PyObject* copyArray(PyObject*, PyObject* args) {
 
 PyObject* cloneValue(PyObject*, PyObject* args) {
     KelmoPluginParameter* value = valueArgument(args);
-    if (value == nullptr) return nullptr;
-    PluginInterface* cloneable = value->getInterface(EXT_CLONEABLE_PARAM);
-    if (cloneable == nullptr) return PyErr_Format(PyExc_TypeError, "the value cannot clone itself");
-    delete static_cast<KelmoCloneableParamInterface*>(cloneable)->clone();
+    KelmoCloneableParamInterface* cloneable = value != nullptr ? cloneableOf(*value) : nullptr;
+    if (cloneable == nullptr) return nullptr;
+    delete cloneable->clone();
     Py_RETURN_NONE;
+}
+
+PyObject* cloneIsEqual(PyObject*, PyObject* args) {
+    KelmoPluginParameter* value = valueArgument(args);
+    KelmoCloneableParamInterface* cloneable = value != nullptr ? cloneableOf(*value) : nullptr;
+    if (cloneable == nullptr) return nullptr;
+    const std::unique_ptr<KelmoPluginParameter> clone(cloneable->clone());
+    const ListView<Vector> points = value->getVectorList(0.0);
+    const ListView<Vector> copied = clone != nullptr ? clone->getVectorList(0.0) : emptyView<Vector>();
+    const bool isEqual =
+        points.count > 0 && points.count == copied.count && points.data != copied.data &&
+        std::memcmp(points.data, copied.data, sizeof(Vector) * static_cast<std::size_t>(points.count)) == 0;
+    releaseView(points);
+    releaseView(copied);
+    return PyBool_FromLong(isEqual);
 }
 
 }  // namespace Bench

@@ -17,20 +17,24 @@ PyObject* ints(PyObject* self, PyObject* args);
 PyObject* floats(PyObject* self, PyObject* args);
 PyObject* vectors(PyObject* self, PyObject* args);
 
-// Writing: set_float(plugin, param, tagged), set_vector(...); read_ints(tagged) and so on, into an array.
+// Writing: set_int(plugin, param, tagged) and so on; read_ints(tagged) and so on, into an array.
+PyObject* setInt(PyObject* self, PyObject* args);
 PyObject* setFloat(PyObject* self, PyObject* args);
 PyObject* setVector(PyObject* self, PyObject* args);
+PyObject* setColor(PyObject* self, PyObject* args);
+PyObject* setString(PyObject* self, PyObject* args);
 PyObject* readInts(PyObject* self, PyObject* args);
 PyObject* readFloats(PyObject* self, PyObject* args);
 PyObject* readVectors(PyObject* self, PyObject* args);
 
 // Copying: copy_values(count), and free_copies() for what it made; share_values(plugin, new name); copy_array(bytes);
-// clone(plugin, param).
+// clone(plugin, param); clone_is_equal(plugin, param).
 PyObject* copyValues(PyObject* self, PyObject* args);
 PyObject* shareValues(PyObject* self, PyObject* args);
 PyObject* freeCopies(PyObject* self, PyObject* args);
 PyObject* copyArray(PyObject* self, PyObject* args);
 PyObject* cloneValue(PyObject* self, PyObject* args);
+PyObject* cloneIsEqual(PyObject* self, PyObject* args);
 
 // Searching: fill(type, names); touch_names(); plain(pattern), fnmatch(pattern), re2(pattern).
 PyObject* fill(PyObject* self, PyObject* args);

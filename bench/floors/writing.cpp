@@ -13,24 +13,46 @@ using namespace KUtils;
 
 namespace {
 
-// The least that a plugin can carry: a number, or a point, with the declaration's name.
+// A text that stands in the object itself.
+struct Text {
+    char characters[64];
+};
+
+template <class T>
+constexpr ParamType CODE = PARAM_INT;
+template <>
+constexpr ParamType CODE<float> = PARAM_FLOAT;
+template <>
+constexpr ParamType CODE<Vector> = PARAM_VECTOR;
+template <>
+constexpr ParamType CODE<Color> = PARAM_COLOR;
+template <>
+constexpr ParamType CODE<Text> = PARAM_STRING;
+
+// The least that a plugin can carry: one value, with the declaration's name.
 template <class T>
 class FloorValue final : public KelmoPluginParameter {
   public:
-    FloorValue(const char* paramName, T initial) : name(paramName), value(initial) {}
+    FloorValue(const char* paramName, const T& initial) : name(paramName), value(initial) {}
 
     const char* getName() override { return name; }
-    ParamType getType(int, double) override { return std::is_same<T, float>::value ? PARAM_FLOAT : PARAM_VECTOR; }
-    float getFloat(int, double) override {
-        if constexpr (std::is_same<T, float>::value) return value;
-        return 0.0f;
-    }
-    Vector getVector(int, double) override {
-        if constexpr (std::is_same<T, Vector>::value) return value;
-        return Vector{};
+    ParamType getType(int, double) override { return CODE<T>; }
+    int getInt(int, double) override { return as<std::int32_t>(); }
+    float getFloat(int, double) override { return as<float>(); }
+    Vector getVector(int, double) override { return as<Vector>(); }
+    Color getColor(int, double) override { return as<Color>(); }
+    const char* getString(int, double) override {
+        if constexpr (std::is_same_v<T, Text>) return value.characters;
+        return nullptr;
     }
 
   private:
+    template <class Wanted>
+    Wanted as() const {
+        if constexpr (std::is_same_v<T, Wanted>) return value;
+        return Wanted{};
+    }
+
     const char* name;
     T value;
 };
@@ -47,9 +69,20 @@ bool read(PyObject* object, float& value) {
     return true;
 }
 
-bool read(PyObject* object, Vector& value) {
-    return PyTuple_CheckExact(object) && PyTuple_GET_SIZE(object) == 3 && read(PyTuple_GET_ITEM(object, 0), value.x) &&
-           read(PyTuple_GET_ITEM(object, 1), value.y) && read(PyTuple_GET_ITEM(object, 2), value.z);
+bool readThree(PyObject* object, float& x, float& y, float& z) {
+    return PyTuple_CheckExact(object) && PyTuple_GET_SIZE(object) == 3 && read(PyTuple_GET_ITEM(object, 0), x) &&
+           read(PyTuple_GET_ITEM(object, 1), y) && read(PyTuple_GET_ITEM(object, 2), z);
+}
+
+bool read(PyObject* object, Vector& value) { return readThree(object, value.x, value.y, value.z); }
+bool read(PyObject* object, Color& value) { return readThree(object, value.r, value.g, value.b); }
+
+bool read(PyObject* object, Text& value) {
+    if (!PyString_CheckExact(object)) return false;
+    const auto size = static_cast<std::size_t>(PyString_GET_SIZE(object)) + 1;
+    if (size > sizeof value.characters) return false;
+    std::memcpy(value.characters, PyString_AS_STRING(object), size);
+    return true;
 }
 
 // The value of (code, value), or null.
@@ -66,16 +99,16 @@ PyObject* refuse() {
 
 // Reads the list into a new array, which takes the place of the array of the call before.
 template <class T>
-PyObject* readList(PyObject* args, long code) {
+PyObject* readList(PyObject* args) {
     static T* current = nullptr;
     PyObject* tagged = PyTuple_GetItem(args, 0);
-    PyObject* list = tagged != nullptr ? untagged(tagged, code) : nullptr;
+    PyObject* list = tagged != nullptr ? untagged(tagged, CODE<T>) : nullptr;
     if (list == nullptr || !PyList_CheckExact(list)) return refuse();
     const Py_ssize_t count = PyList_GET_SIZE(list);
     auto* array = static_cast<T*>(kelmo_malloc(static_cast<std::size_t>(count) * sizeof(T)));
     if (array == nullptr) return PyErr_NoMemory();
     for (Py_ssize_t i = 0; i < count; ++i) {
-        PyObject* value = untagged(PyList_GET_ITEM(list, i), code);
+        PyObject* value = untagged(PyList_GET_ITEM(list, i), CODE<T>);
         if (value == nullptr || !read(value, array[i])) {
             kelmo_free(array, 0);
             return refuse();
@@ -87,14 +120,14 @@ PyObject* readList(PyObject* args, long code) {
 
 // The same strings, the host's own calls, one new object; the old one goes, as the module's does.
 template <class T>
-PyObject* setScalar(PyObject* args, long code) {
+PyObject* setScalar(PyObject* args) {
     // Whose object the plugin carries before the first call.
     static KelmoPluginParameter* ours = nullptr;
     Plugin* plugin = nullptr;
     KelmoPluginParameter* old = valueArgument(args, &plugin);
     if (old == nullptr) return nullptr;
     PyObject* tagged = PyTuple_GetItem(args, 2);
-    PyObject* object = tagged != nullptr ? untagged(tagged, code) : nullptr;
+    PyObject* object = tagged != nullptr ? untagged(tagged, CODE<T>) : nullptr;
     T value;
     if (object == nullptr || !read(object, value)) return refuse();
     // The declaration's name outlives every value.
@@ -118,10 +151,13 @@ PyObject* setScalar(PyObject* args, long code) {
 
 }  // namespace
 
-PyObject* setFloat(PyObject*, PyObject* args) { return setScalar<float>(args, PARAM_FLOAT); }
-PyObject* setVector(PyObject*, PyObject* args) { return setScalar<Vector>(args, PARAM_VECTOR); }
-PyObject* readInts(PyObject*, PyObject* args) { return readList<std::int32_t>(args, PARAM_INT); }
-PyObject* readFloats(PyObject*, PyObject* args) { return readList<float>(args, PARAM_FLOAT); }
-PyObject* readVectors(PyObject*, PyObject* args) { return readList<Vector>(args, PARAM_VECTOR); }
+PyObject* setInt(PyObject*, PyObject* args) { return setScalar<std::int32_t>(args); }
+PyObject* setFloat(PyObject*, PyObject* args) { return setScalar<float>(args); }
+PyObject* setVector(PyObject*, PyObject* args) { return setScalar<Vector>(args); }
+PyObject* setColor(PyObject*, PyObject* args) { return setScalar<Color>(args); }
+PyObject* setString(PyObject*, PyObject* args) { return setScalar<Text>(args); }
+PyObject* readInts(PyObject*, PyObject* args) { return readList<std::int32_t>(args); }
+PyObject* readFloats(PyObject*, PyObject* args) { return readList<float>(args); }
+PyObject* readVectors(PyObject*, PyObject* args) { return readList<Vector>(args); }
 
 }  // namespace Bench

@@ -26,6 +26,10 @@ class Context(object):
         self.names.append(name)
         return not self.listing and (not self.wanted or any(text in name for text in self.wanted))
 
+    def skipsPeers(self, length):
+        """Whether a list of so many elements is measured without the bindings: they make an object of each."""
+        return self.quick and length >= 1000000
+
     def open(self, *plugins):
         """A fresh main scene of these plugin records, with the module and the floors ready."""
         self.module._uninit()
@@ -43,9 +47,28 @@ class Context(object):
         self.host.reset()
 
     def bindings(self):
-        """The same scene through the binding makers, by name."""
+        """The same scene through the binding makers: pairs of a name and a module."""
         import scene_cython
         import scene_swig
         for maker in (scene_cython, scene_swig):
             maker.connect(self.host.path())
         return ('SWIG', scene_swig), ('Cython', scene_cython)
+
+
+def point(value):
+    """The numbers of a point, or of a colour, that a binding gives."""
+    return value if isinstance(value, tuple) else (value.x, value.y, value.z)
+
+
+def points(values):
+    return [point(value) for value in values]
+
+
+def madeForSwig(kind, value):
+    """A value as a script hands it to a function that SWIG wrapped: points are objects of their class."""
+    import scene_swig
+    if kind in ('vector', 'color'):
+        return scene_swig.Point(*value)
+    if kind == 'vectors':
+        return [scene_swig.Point(*element) for element in value]
+    return value

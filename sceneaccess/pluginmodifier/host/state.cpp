@@ -6,8 +6,7 @@ namespace KUtils::Python {
 
 SceneAccessState* sceneAccessState = nullptr;
 
-void ensureInitialized() {
-    if (sceneAccessState != nullptr) return;
+void throwNotInitialized() {
     throwError(
         "The kelmo.pluginmodifier module wasn't initialized properly. One possible reason for this error is that you "
         "are trying to execute the script from the Script Editor. The script must be placed inside the special field "

@@ -31,7 +31,12 @@ static_assert(sizeof(SceneAccessState) == 13 * sizeof(void*), "thirteen pointer-
 // Null while the module is not initialised.
 extern SceneAccessState* sceneAccessState;
 
-// Throws the problem that tells the user where the script belongs, unless the module is initialised.
-void ensureInitialized();
+// Throws the problem that tells the user where the script belongs.
+[[noreturn]] void throwNotInitialized();
+
+// The same, unless the module is initialised.
+inline void ensureInitialized() {
+    if (sceneAccessState == nullptr) throwNotInitialized();
+}
 
 }  // namespace KUtils::Python

@@ -2,6 +2,7 @@
 
 #include "param/read_exact.h"
 #include "params/scalar/scalar_params.h"
+#include "params/scalar/string_param.h"
 
 namespace KUtils::Python {
 
@@ -35,6 +36,8 @@ bool fastScalar(const char* name, std::int32_t code, PyObject* tagged, OwnedValu
         case PARAM_COLOR:
         case PARAM_TEXTURE:
             return make<DefColorParam, Color>(name, PARAM_COLOR, tagged, value);
+        case PARAM_STRING:
+            return make<DefStringParam, const char*>(name, PARAM_STRING, tagged, value);
         default:
             return false;
     }

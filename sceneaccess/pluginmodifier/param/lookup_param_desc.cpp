@@ -21,22 +21,27 @@ struct Place {
 constexpr std::size_t PLACES = 512;
 Place memo[PLACES];
 
-// Eight bytes at a time; the last eight overlap those before.
+template <class Word>
+std::uint64_t wordAt(const char* bytes) {
+    Word word;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+
+// Eight bytes at a time, or four; the last ones overlap those before.
 std::uint64_t hashOf(const char* name) {
     constexpr std::uint64_t FACTOR = 0x9e3779b97f4a7c15;
     std::size_t left = std::strlen(name);
     std::uint64_t hash = left;
-    std::uint64_t word = 0;
-    if (left < sizeof word) {
-        for (; left > 0; --left) word = word << 8 | static_cast<unsigned char>(*name++);
+    if (left >= 8) {
+        for (; left > 8; left -= 8, name += 8) hash = (hash ^ wordAt<std::uint64_t>(name)) * FACTOR;
+        hash ^= wordAt<std::uint64_t>(name + left - 8);
+    } else if (left >= 4) {
+        hash ^= wordAt<std::uint32_t>(name) << 32 | wordAt<std::uint32_t>(name + left - 4);
     } else {
-        for (; left > sizeof word; left -= sizeof word, name += sizeof word) {
-            std::memcpy(&word, name, sizeof word);
-            hash = (hash ^ word) * FACTOR;
-        }
-        std::memcpy(&word, name + left - sizeof word, sizeof word);
+        for (; left > 0; --left) hash = hash << 8 | static_cast<unsigned char>(*name++);
     }
-    return (hash ^ word) * FACTOR;
+    return hash * FACTOR;
 }
 
 Place& placeOf(const ParamTable& table, const char* name) {

@@ -39,8 +39,9 @@ inline bool isExactTuple(PyObject* object, Py_ssize_t size) {
 
 inline bool readExact(PyObject* object, Vector& vector);
 
+// Said to be inline: the compiler looks harder at what is.
 template <class T>
-bool readThree(PyObject* object, T& x, T& y, T& z) {
+inline bool readThree(PyObject* object, T& x, T& y, T& z) {
     return isExactTuple(object, 3) && readExact(PyTuple_GET_ITEM(object, 0), x) &&
            readExact(PyTuple_GET_ITEM(object, 1), y) && readExact(PyTuple_GET_ITEM(object, 2), z);
 }

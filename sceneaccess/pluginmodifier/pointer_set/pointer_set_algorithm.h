@@ -151,13 +151,19 @@ class PointerSetAlgorithm {
     // Stores a key whose nearest empty slot lies at `distance` from its home. False when the table is
     // crowded and had better double, unless it must not; what was moved stays moved.
     static bool place(PointerSet& set, Key key, std::uint32_t home, std::uint32_t& distance, bool mayRefuse) {
+        if (distance >= set.neighbourhood && !makeRoom(set, home, distance, mayRefuse)) return false;
+        store(set, home + distance, key);
+        ++set.count;
+        return true;
+    }
+
+    // Brings the empty slot at `distance` into the neighbourhood of `home`, or raises the neighbourhood.
+    static bool makeRoom(PointerSet& set, std::uint32_t home, std::uint32_t& distance, bool mayRefuse) {
         while (distance >= set.neighbourhood) {
             if (bringCloser(set, home, distance)) continue;
             if (mayRefuse && set.neighbourhood >= 32 && !isBelow(set, 0.5f)) return false;
             set.neighbourhood += 4;
         }
-        store(set, home + distance, key);
-        ++set.count;
         return true;
     }
 

@@ -14,14 +14,10 @@ char* copyText(const char* text) {
     return copy;
 }
 
-void freeText(char* text) {
-    if (text != nullptr) kelmo_free(text, std::strlen(text) + 1);
-}
+// The size is not kept, and counting it again is not worth it.
+void freeText(char* text) { kelmo_free(text, 0); }
 
 // The name
-
-DefParamBase::DefParamBase(const char* text, bool copied)
-    : ownsName(copied ? 1 : 0), name(copied ? copyText(text) : text) {}
 
 DefParamBase::DefParamBase(const DefParamBase& source)
     : KelmoPluginParameter(source),

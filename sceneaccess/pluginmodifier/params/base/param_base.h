@@ -26,7 +26,8 @@ class DefParamBase : public KelmoPluginParameter,
                      public TextureTransformInterface,
                      public TextureVectorInterface {
   public:
-    DefParamBase(const char* name, bool ownsName);
+    // The copy is made before the object is begun, so that a derived class need not write its base parts twice.
+    DefParamBase(const char* name, bool ownsName) : DefParamBase(Name{ownsName ? copyText(name) : name, ownsName}) {}
     DefParamBase(const DefParamBase& source);
     ~DefParamBase() override;
 
@@ -59,6 +60,12 @@ class DefParamBase : public KelmoPluginParameter,
     bool isWholeCopyOf(const DefParamBase& source) const { return (name == nullptr) == (source.name == nullptr); }
 
   private:
+    struct Name {
+        const char* text;
+        bool isOwned;
+    };
+    explicit DefParamBase(const Name& kept) : ownsName(kept.isOwned ? 1 : 0), name(kept.text) {}
+
     std::uint32_t ownsName;
     const char* name;
 };
