@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""lint_rules.py FOLDER: from FOLDER/compile_commands.json, a FOLDER/lint.ninja that runs clang-tidy on each of the
-project's own C++ sources once, and again when the source, one of its headers or .clang-tidy changed."""
+"""lint_rules.py BUILD FOLDER...: from BUILD/compile_commands.json, a BUILD/lint.ninja that runs clang-tidy on each C++
+source of these folders once, and again when the source, one of its headers or .clang-tidy changed. Prints how many."""
 import json
 import os
 import shlex
@@ -19,8 +19,7 @@ rule tidy
 def flags_of(entry):
     """The compiler, and its options without the source and what is written."""
     words = shlex.split(entry['command'])
-    end = words.index('-o')
-    return words[0], [word for word in words[1:end] if not word.startswith('-fsanitize')]
+    return words[0], words[1:words.index('-o')]
 
 
 def escaped(text):
@@ -28,22 +27,20 @@ def escaped(text):
 
 
 def main():
-    folder = sys.argv[1]
-    with open(os.path.join(folder, 'compile_commands.json')) as commands:
+    build, folders = sys.argv[1], tuple(folder + '/' for folder in sys.argv[2:])
+    with open(os.path.join(build, 'compile_commands.json')) as commands:
         entries = json.load(commands)
-    root = os.getcwd() + os.sep
-    build = os.path.join(root, 'build') + os.sep
     sources = {}
     for entry in entries:
-        path = entry['file']
-        if path.startswith(root) and not path.startswith(build) and path.endswith('.cpp'):
-            sources.setdefault(os.path.relpath(path, root), entry)
-    with open(os.path.join(folder, 'lint.ninja'), 'w') as ninja:
-        ninja.write(RULES.format(folder=folder))
+        source = os.path.relpath(entry['file'])
+        if source.startswith(folders) and source.endswith('.cpp'):
+            sources.setdefault(source, entry)
+    with open(os.path.join(build, 'lint.ninja'), 'w') as ninja:
+        ninja.write(RULES.format(folder=build))
         for source, entry in sorted(sources.items()):
             compiler, flags = flags_of(entry)
             words = ' '.join(shlex.quote(word) for word in flags).replace('$', '$$')
-            stamp = escaped('%s/checked/%s' % (folder, source))
+            stamp = escaped('%s/checked/%s' % (build, source))
             ninja.write('build %s: tidy %s | .clang-tidy\n' % (stamp, escaped(source)))
             ninja.write('  flags = %s\n  compile = %s %s\n' % (words, compiler, words))
     print(len(sources))
