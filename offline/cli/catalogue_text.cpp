@@ -95,6 +95,7 @@ std::string describeType(const std::string& line) {
 
 std::vector<std::string> typeNames(const std::vector<std::string>& lines) {
     std::vector<std::string> names;
+    names.reserve(lines.size());
     for (const std::string& line : lines) names.push_back(memberText(parseJson(line), "name"));
     return names;
 }

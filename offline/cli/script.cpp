@@ -143,7 +143,7 @@ ScriptEnd runScript(const Script& script, const Installation& place) {
     Py_Initialize();
     prepareArguments(script);
     prepareSearchPath(script, place);
-    const ScriptEnd end = runFile(script);
+    ScriptEnd end = runFile(script);
     Py_Finalize();
     return end;
 }

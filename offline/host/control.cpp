@@ -140,6 +140,7 @@ void observe(OfflineTextSink sink, void* user) {
 void warnings(OfflineTextSink sink, void* user) {
     guarded("warnings", [=](Host& host) {
         // By index: the sink may make the host warn.
+        // NOLINTNEXTLINE(modernize-loop-convert)
         for (std::size_t i = 0; i < host.warnings.texts().size(); ++i) {
             const std::string text = host.warnings.texts()[i];
             sink(user, text.data(), text.size());

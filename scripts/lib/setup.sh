@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Functions for the scripts of this folder: what is missing on the machine is installed, and said first.
 # Sourced, never run. Works as root and through sudo, on Debian 12.
 
@@ -39,6 +40,7 @@ need_packages() {
 }
 
 # The address from which this machine takes Debian itself; whatever form its package sources have.
+# shellcheck disable=SC2016 # apt-get fills in the names behind the dollars
 debian_mirror() {
     local mirror
     mirror=$(apt-get indextargets --format '$(REPO_URI)|$(RELEASE)|$(ORIGIN)' 'Created-By: Packages' |

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Functions for the Windows scripts. Sourced after setup.sh, from the project's root; never run.
 WINDOWS_BUILD=$PWD/build/windows
 WINDOWS_STAGE=$WINDOWS_BUILD/stage

@@ -1,7 +1,6 @@
 # -*- coding: utf-8 -*-
 """_duplicate: what is copied, what is left out, what is refused, and who owns the copies."""
 import json
-import os
 import shutil
 import tempfile
 

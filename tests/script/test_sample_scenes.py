@@ -1,7 +1,6 @@
 # -*- coding: utf-8 -*-
 """The translated sample scenes, read through the module, hold what their files say, number by number."""
 import json
-import os
 import struct
 
 import offlinehost

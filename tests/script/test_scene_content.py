@@ -1,6 +1,5 @@
 # -*- coding: utf-8 -*-
 """Loading scene files into extra scenes, and how plugins of extra scenes are found."""
-import os
 import shutil
 import tempfile
 

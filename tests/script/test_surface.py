@@ -4,7 +4,6 @@ import sys
 import unittest
 
 import offlinehost
-import support
 
 GOLDEN = os.path.join(os.path.dirname(os.path.abspath(__file__)), 'golden', 'surface.txt')
 

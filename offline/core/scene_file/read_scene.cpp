@@ -10,7 +10,7 @@
 namespace Offline {
 namespace {
 
-constexpr std::size_t PIECE_BYTES = 64 * 1024;
+constexpr std::size_t PIECE_BYTES = std::size_t{64} * 1024;
 constexpr std::size_t LONGEST_LINE = std::size_t{1} << 30;
 
 struct CloseFile {

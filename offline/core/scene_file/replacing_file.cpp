@@ -4,7 +4,7 @@
 namespace Offline {
 namespace {
 
-constexpr std::size_t BUFFER_BYTES = 256 * 1024;
+constexpr std::size_t BUFFER_BYTES = std::size_t{256} * 1024;
 
 }  // namespace
 

@@ -52,7 +52,7 @@ int run(const Options& options, Report& report) {
     } catch (const std::exception& other) {
         return fail(options, report, Problem::damaged, "\"" + options.scene + "\" is damaged: " + other.what() + ".");
     }
-    Report::Line(report, "done");
+    const Report::Line done(report, "done");
     return 0;
 }
 

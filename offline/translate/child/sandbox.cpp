@@ -54,10 +54,16 @@ constexpr int ALLOWED[] = {
     SCMP_SYS(exit_group),
 };
 
-// Any of these in the flags of open means more than reading.
+// Any of these in the flags of open means more than reading; O_RDONLY is none of them.
 constexpr unsigned WRITING = O_ACCMODE | O_CREAT | O_TRUNC | O_APPEND | (O_TMPFILE & ~O_DIRECTORY);
+static_assert(O_RDONLY == 0);
 
 bool allow(scmp_filter_ctx filter, int call) { return seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 0) == 0; }
+
+// Written out, because the library's macros for a condition are compound literals, which C++ does not have.
+scmp_arg_cmp argumentIs(unsigned argument, scmp_datum_t value) { return {argument, SCMP_CMP_EQ, value, 0}; }
+
+scmp_arg_cmp argumentLacks(unsigned argument, scmp_datum_t bits) { return {argument, SCMP_CMP_MASKED_EQ, bits, 0}; }
 
 bool allowIf(scmp_filter_ctx filter, int call, scmp_arg_cmp condition) {
     return seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 1, condition) == 0;
@@ -67,19 +73,19 @@ bool addRules(scmp_filter_ctx filter, const std::vector<int>& writableDescriptor
     bool good = true;
     for (const int call : ALLOWED) good = good && allow(filter, call);
 
-    good = good && allowIf(filter, SCMP_SYS(open), SCMP_A1(SCMP_CMP_MASKED_EQ, WRITING, O_RDONLY));
-    good = good && allowIf(filter, SCMP_SYS(openat), SCMP_A2(SCMP_CMP_MASKED_EQ, WRITING, O_RDONLY));
-    good = good && allowIf(filter, SCMP_SYS(mmap), SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0));
-    good = good && allowIf(filter, SCMP_SYS(mprotect), SCMP_A2(SCMP_CMP_MASKED_EQ, PROT_EXEC, 0));
+    good = good && allowIf(filter, SCMP_SYS(open), argumentLacks(1, WRITING));
+    good = good && allowIf(filter, SCMP_SYS(openat), argumentLacks(2, WRITING));
+    good = good && allowIf(filter, SCMP_SYS(mmap), argumentLacks(2, PROT_EXEC));
+    good = good && allowIf(filter, SCMP_SYS(mprotect), argumentLacks(2, PROT_EXEC));
 
     // Signals only to itself: that is how abort ends it.
     const auto self = static_cast<scmp_datum_t>(getpid());
-    good = good && allowIf(filter, SCMP_SYS(tgkill), SCMP_A0(SCMP_CMP_EQ, self));
+    good = good && allowIf(filter, SCMP_SYS(tgkill), argumentIs(0, self));
 
     for (const int descriptor : writableDescriptors) {
         const auto number = static_cast<scmp_datum_t>(descriptor);
-        good = good && allowIf(filter, SCMP_SYS(write), SCMP_A0(SCMP_CMP_EQ, number));
-        good = good && allowIf(filter, SCMP_SYS(writev), SCMP_A0(SCMP_CMP_EQ, number));
+        good = good && allowIf(filter, SCMP_SYS(write), argumentIs(0, number));
+        good = good && allowIf(filter, SCMP_SYS(writev), argumentIs(0, number));
     }
     return good;
 }

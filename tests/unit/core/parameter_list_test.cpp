@@ -32,6 +32,14 @@ std::string namesOf(const ParameterList& list) {
     return collect.names;
 }
 
+struct Letters {
+    TestValue values[5] = {{"a", KUtils::PARAM_INT},
+                           {"b", KUtils::PARAM_INT},
+                           {"c", KUtils::PARAM_INT},
+                           {"d", KUtils::PARAM_INT},
+                           {"e", KUtils::PARAM_INT}};
+};
+
 }  // namespace
 
 TEST_CASE(valuesKeepTheirPlace) {
@@ -69,35 +77,27 @@ TEST_CASE(walksStopAtZero) {
 }
 
 TEST_CASE(walksSurviveAGrowingList) {
-    TestValue values[] = {{"a", KUtils::PARAM_INT},
-                          {"b", KUtils::PARAM_INT},
-                          {"c", KUtils::PARAM_INT},
-                          {"d", KUtils::PARAM_INT},
-                          {"e", KUtils::PARAM_INT}};
+    Letters letters;
     ParameterList list;
-    for (int i = 0; i < 4; ++i) list.put(&values[i]);
+    for (int i = 0; i < 4; ++i) list.put(&letters.values[i]);
     Collect collect;
     collect.list = &list;
-    collect.added = &values[4];
+    collect.added = &letters.values[4];
     list.enumerate(collect);
     CHECK_TEXT(collect.names.c_str(), "abcd");
     CHECK_TEXT(namesOf(list).c_str(), "abcde");
 }
 
 TEST_CASE(aListThatCannotGrowStaysAsItIs) {
-    TestValue values[] = {{"a", KUtils::PARAM_INT},
-                          {"b", KUtils::PARAM_INT},
-                          {"c", KUtils::PARAM_INT},
-                          {"d", KUtils::PARAM_INT},
-                          {"e", KUtils::PARAM_INT}};
+    Letters letters;
     ParameterList list;
     failAllocation(1, false);
-    CHECK(!list.put(&values[0]));
+    CHECK(!list.put(&letters.values[0]));
     CHECK_EQ(list.count(), 0);
-    for (int i = 0; i < 4; ++i) CHECK(list.put(&values[i]));
+    for (int i = 0; i < 4; ++i) CHECK(list.put(&letters.values[i]));
     failAllocation(1, false);
-    CHECK(!list.put(&values[4]));
+    CHECK(!list.put(&letters.values[4]));
     failAllocation(0, false);
     CHECK_TEXT(namesOf(list).c_str(), "abcd");
-    CHECK(list.put(&values[4]));
+    CHECK(list.put(&letters.values[4]));
 }

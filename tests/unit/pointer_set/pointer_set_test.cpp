@@ -2,73 +2,17 @@
 #include "pointer_set/pointer_set_algorithm.h"
 
 #include <cstdint>
-#include <vector>
 
 #include "check.h"
-#include "model_set.h"
 #include "pointer_set/owned_values.h"
 #include "pointer_set/pointer_hash.h"
 #include "set_memory.h"
+#include "test_sets.h"
 
 using KUtils::PointerHash;
 using KUtils::PointerSet;
 
 namespace {
-
-struct SpreadHash {
-    static std::uint32_t of(std::uint64_t key) { return PointerHash()(key); }
-    std::uint32_t operator()(std::uint64_t key) const { return of(key); }
-};
-struct EightHomesHash {
-    static std::uint32_t of(std::uint64_t key) { return static_cast<std::uint32_t>(key >> 4) % 8 * 7; }
-    std::uint32_t operator()(std::uint64_t key) const { return of(key); }
-};
-struct OneHomeHash {
-    static std::uint32_t of(std::uint64_t) { return 5; }
-    std::uint32_t operator()(std::uint64_t key) const { return of(key); }
-};
-
-struct Loads {
-    const char* label;
-    float shrink;
-    float grow;
-    std::uint32_t minimumSize;
-    std::uint32_t firstCapacity;
-};
-
-const Loads LOADS[] = {
-    {"sparse", 0.1f, 0.3f, 4, 16},
-    {"usual", 0.2f, 0.75f, 16, 32},
-    {"full", 0.45f, 1.0f, 0, 1},
-};
-
-PointerSet makeSet(const Loads& loads) {
-    PointerSet set{};
-    set.capacity = loads.firstCapacity;
-    set.entries = static_cast<unsigned char*>(kelmo_malloc(set.capacity * std::size_t{9}));
-    std::memset(set.entries, 1, set.capacity * std::size_t{9});
-    set.neighbourhood = 4;
-    set.shrinkLoad = loads.shrink;
-    set.growLoad = loads.grow;
-    set.minimumSize = loads.minimumSize;
-    return set;
-}
-
-void freeSet(PointerSet& set) {
-    kelmo_free(set.entries, set.capacity * std::size_t{9});
-    set.entries = nullptr;
-}
-
-bool sameEntries(const PointerSet& set, const ModelSet& model) {
-    for (std::uint32_t i = 0; i < set.capacity; ++i) {
-        const unsigned char* entry = set.entries + std::size_t{i} * 9;
-        if (entry[8] != (model.empty[i] ? 1 : 0)) return false;
-        std::uint64_t key = 0;
-        std::memcpy(&key, entry, 8);
-        if (entry[8] == 0 && key != model.keys[i]) return false;
-    }
-    return true;
-}
 
 struct Random {
     std::uint64_t state;
@@ -85,12 +29,7 @@ template <class Hash>
 void compareWithModel(const Loads& loads, std::uint32_t operations, std::uint32_t live, std::uint32_t stride) {
     using Set = KUtils::PointerSetAlgorithm<Hash>;
     PointerSet set = makeSet(loads);
-    ModelSet model;
-    model.clear(loads.firstCapacity);
-    model.shrinkLoad = loads.shrink;
-    model.growLoad = loads.grow;
-    model.minimumSize = loads.minimumSize;
-    model.hash = Hash::of;
+    ModelSet model = makeModel(loads, Hash::of);
 
     Random random{0x9e3779b97f4a7c15ull + live};
     bool filling = true;
@@ -110,9 +49,8 @@ void compareWithModel(const Loads& loads, std::uint32_t operations, std::uint32_
             CHECK_EQ(destroyed, was);
             removed += was;
         }
-        const bool same = set.count == model.count && set.capacity == model.capacity() &&
-                          set.neighbourhood == model.neighbourhood &&
-                          ((step % stride != 0 && step + 1 != operations) || sameEntries(set, model));
+        const bool same =
+            sameSizes(set, model) && ((step % stride != 0 && step + 1 != operations) || sameEntries(set, model));
         CHECK(same);
         if (!same) break;
     }

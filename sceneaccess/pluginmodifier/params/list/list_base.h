@@ -11,6 +11,7 @@
 #include "params/base/array_record.h"
 #include "params/base/element_access.h"
 #include "params/base/param_base.h"
+#include "params/base/settable_cloneable.h"
 #include "params/base/whole_copy.h"
 
 namespace KUtils {
@@ -46,14 +47,8 @@ class DefListParamBaseTyped : public DefListParamBase,
     ~DefListParamBaseTyped() override { elements.release(); }
 
     PluginInterface* getInterface(InterfaceID id) override {
-        switch (static_cast<std::uint32_t>(id)) {
-            case EXT_SETTABLE_PARAM:
-                return static_cast<KelmoSettableParamInterface*>(this);
-            case EXT_CLONEABLE_PARAM:
-                return static_cast<KelmoCloneableParamInterface*>(this);
-            default:
-                return DefListParamBase::getInterface(id);
-        }
+        PluginInterface* part = settableOrCloneable(this, id);
+        return part != nullptr ? part : DefListParamBase::getInterface(id);
     }
 
     using DefListParamBase::getPlugin;

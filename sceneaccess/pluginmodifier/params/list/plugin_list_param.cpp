@@ -9,14 +9,8 @@ DefPluginListParam::DefPluginListParam(const DefPluginListParam& source) : DefLi
 DefPluginListParam::~DefPluginListParam() { names.release(); }
 
 PluginInterface* DefPluginListParam::getInterface(InterfaceID id) {
-    switch (static_cast<std::uint32_t>(id)) {
-        case EXT_SETTABLE_PARAM:
-            return static_cast<KelmoSettableParamInterface*>(this);
-        case EXT_CLONEABLE_PARAM:
-            return static_cast<KelmoCloneableParamInterface*>(this);
-        default:
-            return PluginBase::getInterface(id);
-    }
+    PluginInterface* part = settableOrCloneable(this, id);
+    return part != nullptr ? part : PluginBase::getInterface(id);
 }
 
 PluginBase* DefPluginListParam::getPlugin(int index, double, const char** outputName) {

@@ -72,14 +72,8 @@ bool DefListOfListsParam<T>::isWholeCopyOf(const DefListOfListsParam& source) co
 
 template <class T>
 PluginInterface* DefListOfListsParam<T>::getInterface(InterfaceID id) {
-    switch (static_cast<std::uint32_t>(id)) {
-        case EXT_CLONEABLE_PARAM:
-            return static_cast<KelmoCloneableParamInterface*>(this);
-        case EXT_SETTABLE_PARAM:
-            return static_cast<KelmoSettableParamInterface*>(this);
-        default:
-            return PluginBase::getInterface(id);
-    }
+    PluginInterface* part = settableOrCloneable(this, id);
+    return part != nullptr ? part : PluginBase::getInterface(id);
 }
 
 // The cursor

@@ -79,14 +79,8 @@ bool DefMapChannelsParam::isWholeCopyOf(const DefMapChannelsParam& source) const
 }
 
 PluginInterface* DefMapChannelsParam::getInterface(InterfaceID id) {
-    switch (static_cast<std::uint32_t>(id)) {
-        case EXT_SETTABLE_PARAM:
-            return static_cast<KelmoSettableParamInterface*>(this);
-        case EXT_CLONEABLE_PARAM:
-            return static_cast<KelmoCloneableParamInterface*>(this);
-        default:
-            return DefParamBase::getInterface(id);
-    }
+    PluginInterface* part = settableOrCloneable(this, id);
+    return part != nullptr ? part : DefParamBase::getInterface(id);
 }
 
 // The cursor

@@ -10,6 +10,7 @@
 #include "kelmo/param/settable.h"
 #include "params/base/array_record.h"
 #include "params/base/param_base.h"
+#include "params/base/settable_cloneable.h"
 #include "params/base/whole_copy.h"
 
 namespace KUtils {

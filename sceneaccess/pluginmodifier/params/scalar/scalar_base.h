@@ -4,6 +4,7 @@
 #include "kelmo/param/settable.h"
 #include "params/base/element_access.h"
 #include "params/base/param_base.h"
+#include "params/base/settable_cloneable.h"
 #include "params/base/whole_copy.h"
 
 namespace KUtils {
@@ -18,14 +19,8 @@ class ScalarBase : public DefParamBase,
     using DefParamBase::DefParamBase;
 
     PluginInterface* getInterface(InterfaceID id) override {
-        switch (static_cast<std::uint32_t>(id)) {
-            case EXT_SETTABLE_PARAM:
-                return static_cast<KelmoSettableParamInterface*>(this);
-            case EXT_CLONEABLE_PARAM:
-                return static_cast<KelmoCloneableParamInterface*>(this);
-            default:
-                return DefParamBase::getInterface(id);
-        }
+        PluginInterface* part = settableOrCloneable(this, id);
+        return part != nullptr ? part : DefParamBase::getInterface(id);
     }
 
     using DefParamBase::getPlugin;
