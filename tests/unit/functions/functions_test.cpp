@@ -126,6 +126,8 @@ struct NoManager {
     SceneAccessState state{};
 };
 
+KelmoScene* newestScene = nullptr;
+
 PyCFunction const createFunction = method<NAME, create>;
 PyCFunction const deleteFunction = method<NAME, deletePlugin>;
 PyCFunction const duplicateFunction = method<NAME, duplicate>;
@@ -134,7 +136,12 @@ PyCFunction const addSceneContentFunction = method<NAME, addSceneContent>;
 
 }  // namespace
 
-// Stands in for the core's: the lists of this test are not the core's own.
+// Stand in for the core's: a scene that no list takes is found again; and the lists of this test are not the core's
+// own.
+KelmoScene::KelmoScene(PluginManager*, Parser*, int) : reserved8(nullptr), reserved16(nullptr), reserved24(nullptr) {
+    newestScene = this;
+}
+
 void KelmoParameterList::enumParams(EnumParamsCallback* callback) {
     callback->process(nullptr);  // is passed over
     callback->process(&static_cast<OneValue*>(this)->value);
@@ -231,4 +238,7 @@ TEST_CASE(whatTheFrameDoesNotCatch) {
     CHECK(PyErr_Occurred() == nullptr);
     CHECK_EQ(host.list.count, 0);
     CHECK(host.list.head == nullptr);
+    // The scene stays, and nobody knows of it.
+    CHECK(newestScene != nullptr && newestScene != &host.scene);
+    kelmo_free(newestScene, sizeof(KelmoScene));
 }
