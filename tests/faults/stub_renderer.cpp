@@ -3,6 +3,7 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <utility>
 
 #include "host/error_text.h"
 #include "host/state.h"
@@ -57,6 +58,7 @@ struct Renderer {
 };
 
 Renderer renderer;
+KelmoScene* newestScene = nullptr;
 
 struct Manager final : PluginManager {
     PluginDescriptor* getPluginDescriptor(const char* typeName) override {
@@ -190,6 +192,7 @@ void World::setBlockSize(std::int32_t slots) {
     parts->scenes.blockSize = slots;
     parts->scenes.firstBlock->used = parts->scenes.firstBlock->capacity;
 }
+void World::freeNewestScene() { kelmo_free(std::exchange(newestScene, nullptr), sizeof(KelmoScene)); }
 void World::answerNoPlugins() { renderer.noPlugins = true; }
 void World::hideDescriptors() {
     for (StubPlugin* plugin : {&parts->thing, &parts->other, &parts->extra}) plugin->hideDescriptor();
@@ -231,6 +234,7 @@ namespace KUtils {
 
 KelmoScene::KelmoScene(PluginManager*, Parser*, int) : reserved8(nullptr), reserved16(nullptr), reserved24(nullptr) {
     stub::reach("scene.KelmoScene");
+    stub::newestScene = this;
 }
 KelmoScene::~KelmoScene() = default;
 PluginManager* KelmoScene::getManager() { return stub::renderer.manager; }

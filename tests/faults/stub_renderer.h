@@ -52,6 +52,8 @@ class World {
     // How often the host's library is loaded just now.
     int loads() const;
     void setBlockSize(std::int32_t slots);
+    // Frees the scene that was made last, which no list holds.
+    void freeNewestScene();
     // From now on no plugin is found, made, exported or enumerated but null; or none of them has a descriptor.
     void answerNoPlugins();
     void hideDescriptors();

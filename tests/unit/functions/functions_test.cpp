@@ -26,6 +26,8 @@ constexpr char NAME[] = "function";
 
 std::string answers;  // of the callback to the last enumeration of a plugin's values
 
+KelmoScene* newestScene = nullptr;
+
 PyCFunction const createFunction = method<NAME, create>;
 PyCFunction const deleteFunction = method<NAME, deletePlugin>;
 PyCFunction const duplicateFunction = method<NAME, duplicate>;
@@ -42,7 +44,12 @@ class NeverCloned final : public ScalarParam<float> {
 
 }  // namespace
 
-// Stands in for the core's: the lists of this test are not the core's own.
+// Stand in for the core's: a scene that no list takes is found again; and the lists of this test are not the core's
+// own.
+KelmoScene::KelmoScene(PluginManager*, Parser*, int) : reserved8(nullptr), reserved16(nullptr), reserved24(nullptr) {
+    newestScene = this;
+}
+
 void KelmoParameterList::enumParams(EnumParamsCallback* callback) {
     answers = std::to_string(callback->process(nullptr));  // is passed over
     answers += std::to_string(callback->process(&static_cast<OneValue*>(this)->value));
@@ -247,4 +254,7 @@ TEST_CASE(whatTheFrameDoesNotCatch) {
     CHECK(PyErr_Occurred() == nullptr);
     CHECK_EQ(host.list.count, 0);
     CHECK(host.list.head == nullptr);
+    // The scene stays, and nobody knows of it.
+    CHECK(newestScene != nullptr && newestScene != &host.scene);
+    kelmo_free(newestScene, sizeof(KelmoScene));
 }
