@@ -132,15 +132,6 @@ TEST_CASE(theSameValueAgainIsRegisteredOnce) {
     CHECK(destroyOwnedValue(&way.set, way.plugin.carried));
 }
 
-TEST_CASE(aValueIsRegisteredOnce) {
-    Road way(true);
-    auto* value = new OldValue(nullptr);
-    for (int i = 0; i < 2; ++i) registerOwnedValue(&way.set, value);
-    CHECK_EQ(way.set.count, 1u);
-    CHECK(destroyOwnedValue(&way.set, value));
-    CHECK(!way.owns(value));
-}
-
 TEST_CASE(aRefusedValueNeverReachesTheSet) {
     Road way(true);
     OldValue old(nullptr);

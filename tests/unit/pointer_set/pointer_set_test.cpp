@@ -182,6 +182,47 @@ TEST_CASE(withoutMemoryTheOldArrayStays) {
     CHECK(nothing.entries == nullptr);
 }
 
+TEST_CASE(aCrowdedTableThatCannotGrowIsFilledToTheLastSlot) {
+    using Set = KUtils::PointerSetAlgorithm<OneHomeHash>;
+    PointerSet set = makeSet({"", 0, 2.0f, 0, 64});
+    SetMemory& memory = setMemory();
+    for (std::uint64_t key = 1; key <= 65; ++key) {
+        if (key == 33) memory.failFrom = memory.requests + 1;  // from here on the table had better double
+        Set::insert(set, key * 16, true);
+        CHECK_EQ(Set::contains(set, key * 16), key <= 64);
+    }
+    memory.failFrom = 0;
+    CHECK_EQ(set.capacity, 64u);
+    CHECK_EQ(set.count, 64u);
+    CHECK_EQ(set.neighbourhood, 64u);
+    for (std::uint64_t key = 1; key <= 64; ++key) CHECK(Set::contains(set, key * 16));
+    freeSet(set);
+}
+
+TEST_CASE(aTableThatIsMoreThanHalfFullIsNotHalved) {
+    using Set = KUtils::PointerSetAlgorithm<SpreadHash>;
+    PointerSet set = makeSet({"", 0.9f, 1.0f, 0, 8});
+    for (std::uint64_t key = 16; key <= 16 * 8; key += 16) Set::insert(set, key, true);
+    const std::size_t requests = setMemory().requests;
+    for (std::uint64_t key = 16; key <= 16 * 3; key += 16) CHECK(Set::remove(set, key, [] {}));
+    CHECK_EQ(setMemory().requests, requests);
+    CHECK(Set::remove(set, 16 * 4, [] {}));
+    CHECK_EQ(set.capacity, 4u);
+    for (std::uint64_t key = 16 * 5; key <= 16 * 8; key += 16) CHECK(Set::contains(set, key));
+    freeSet(set);
+}
+
+TEST_CASE(aCapacityThatIsTooSmallForTheKeysIsDoubledUntilTheyFit) {
+    using Set = KUtils::PointerSetAlgorithm<SpreadHash>;
+    PointerSet set = makeSet({"", 0, 1.0f, 0, 16});
+    for (std::uint64_t key = 16; key <= 16 * 5; key += 16) Set::insert(set, key, true);
+    CHECK(Set::rehash(set, 1));
+    CHECK_EQ(set.capacity, 8u);
+    CHECK_EQ(set.count, 5u);
+    for (std::uint64_t key = 16; key <= 16 * 5; key += 16) CHECK(Set::contains(set, key));
+    freeSet(set);
+}
+
 TEST_CASE(aFailingHalvingKeepsTheTable) {
     using Set = KUtils::PointerSetAlgorithm<SpreadHash>;
     PointerSet set = makeSet({"", 0.5f, 0.5f, 0, 64});
