@@ -22,10 +22,10 @@ KELMO_CORE_API KUtils::ErrorRecord* saveScene(SceneContents& contents, const cha
 // Writes the contents to a sink, one call a line, the line's end included.
 KELMO_CORE_API void saveSceneText(SceneContents& contents, TextSink sink, void* user);
 
-// The plugin of a kind that stands for a DCC node (or has this name), made from its deferred record together with everything
-// deferred that it refers to if it does not stand in the scene yet. `kind` is a kind as the catalogue spells it
-// ("material", ...); null: any. Null: no such node, one of another kind, a record that can be made no more, or no
-// memory. `problem`, when given, receives why a record could not be made (null: memory aside, each could).
+// The plugin of a kind that stands for a DCC node (or has this name), made from its deferred record together with
+// everything deferred that it refers to if it does not stand in the scene yet. `kind` is a kind as the catalogue
+// spells it ("material", ...); null: any. Null: no such node, one of another kind, a record that can be made no more,
+// or no memory. `problem`, when given, receives why a record could not be made (null: memory aside, each could).
 KELMO_CORE_API KUtils::Plugin* materialise(SceneContents& contents, const char* node, const char* kind,
                                            KUtils::ErrorRecord** problem = nullptr);
 

@@ -2,6 +2,7 @@
 // parameters, and the classes of lists.
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 #include "check.h"
 #include "param/clone_param_value.h"
@@ -224,6 +225,46 @@ const char* listKind(KelmoPluginParameter& list) {
 }
 
 }  // namespace
+
+TEST_CASE(aNamelessOutputIsNone) {
+    StubPlugin plugin("Stub");
+    plugin.type.declare("", 1000);
+    TreeSource none(reference(1000, &plugin, nullptr));
+    CHECK(!outputFeedsTexture(none, 11));
+    TreeSource nameless(reference(1000, &plugin, ""));
+    CHECK(outputFeedsTexture(nameless, 11));
+}
+
+// What an object holds before the copy, and that its name is its own.
+TEST_CASE(newObjects) {
+    char name[] = "value";
+    TreeSource color(number(5, 3), name);
+    const OwnedValue withAlpha = makeScalarValue(color, 6);
+    CHECK_EQ(withAlpha->getAColor(0, 0.0).alpha, 1.0f);
+    TreeSource text(string("text"), name);
+    const OwnedValue empty = makeScalarValue(text, 9);
+    CHECK_TEXT(empty->getString(0, 0.0), "");
+    Everything everything;
+    TreeSource plugin(reference(10, &everything, "out"), name);
+    const OwnedValue nothing = makeScalarValue(plugin, 10);
+    const char* output = name;
+    CHECK(nothing->getPlugin(0, 0.0, &output) == nullptr);
+    CHECK(output == nullptr);
+    std::vector<OwnedValue> lists;
+    for (int code : {0, 1, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12}) lists.push_back(makeListValue(&everything, name, code));
+    char special[] = "frames";
+    StubPlugin settings("SettingsOutput");
+    const OwnedValue frames = makeListValue(&settings, special, 12);
+    name[0] = special[0] = 'x';
+    CHECK_TEXT(withAlpha->getName(), "value");
+    CHECK_TEXT(empty->getName(), "value");
+    CHECK_TEXT(nothing->getName(), "value");
+    CHECK_TEXT(frames->getName(), "frames");
+    for (const OwnedValue& list : lists) {
+        CHECK_TEXT(list->getName(), "value");
+        CHECK_EQ(list->getCount(0.0), list->getType(0, 0.0) == PARAM_UNKNOWN ? -1 : 0);
+    }
+}
 
 TEST_CASE(everyListClass) {
     StubPlugin plugin("Any");

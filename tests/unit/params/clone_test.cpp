@@ -140,8 +140,12 @@ TEST_CASE(anOutputsNameIsSharedWithTheClones) {
     CHECK(copy->getPlugin(0, 0.0, &copied) == &describe::lamp);
     CHECK_TEXT(name, "out");
     CHECK(name == copied);
-    value.setPluginOutput(&describe::sphere, name, 0, 0.0);  // its own name as the argument
-    CHECK_TEXT(describe::element(value, 0).text, "plugin sphere output out");
+    // Its own name as the argument: that of a record which the clone holds too, then that of one which only this has.
+    for (int i = 0; i < 2; ++i) {
+        value.getPlugin(0, 0.0, &name);
+        value.setPluginOutput(&describe::sphere, name, 0, 0.0);
+        CHECK_TEXT(describe::element(value, 0).text, "plugin sphere output out");
+    }
     CHECK_TEXT(describe::element(*copy, 0).text, "plugin lamp output out");
     value.setPluginOutput(nullptr, nullptr, 0, 0.0);
     CHECK_TEXT(describe::element(value, 0).text, "no output");

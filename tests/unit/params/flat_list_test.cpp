@@ -140,6 +140,13 @@ TEST_CASE(wholeArraysOfTransforms) {
     CHECK_EQ(owned.count, 2);
     CHECK_EQ(owned.data[1].offset[2], static_cast<double>(0.3f));
     releaseView(owned);
+    // An owned view that is set is only read; an empty one empties the list.
+    SharedArray shared{kelmo_malloc, kelmo_free, {2}};
+    second.setTransformList(ListView<Transform>{values, &shared, 1, 1});
+    CHECK_EQ(shared.references.load(), 2);
+    CHECK_EQ(list.getCount(0.0), 1);
+    second.setTransformList(emptyView<Transform>());
+    CHECK_EQ(list.getCount(0.0), 0);
     CHECK_EQ(second.getDoubleList().owned, 0);
 }
 

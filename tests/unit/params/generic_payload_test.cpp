@@ -114,6 +114,17 @@ TEST_CASE(textsAreTheGiversUntilTheyAreKept) {
     CHECK_TEXT(scalar.getString(0, 0.0), "xxxxx");
 }
 
+TEST_CASE(everyTextOfALongListIsKept) {
+    const NothingLeft nothingLeft;
+    GenericSettableListParam value("anything");
+    char given[] = "text";
+    settableOf(value).setCount(250);
+    for (int i = 0; i < 250; ++i) settableOf(value).setString(given, i, 0.0);
+    CHECK(value.keepPrivateTexts());
+    given[0] = 'x';
+    for (int i = 0; i < 250; ++i) CHECK_TEXT(value.getString(i, 0.0), "text");
+}
+
 TEST_CASE(aVeryDeepTreeIsFreedWithoutAStack) {
     const NothingLeft nothingLeft;
     GenericSettableListParam value("anything");
