@@ -7,6 +7,7 @@ What is left alive and freed wrongly, and an error that is left pending, is look
 """
 import json
 import os
+import sys
 
 import call_cases as cases
 import offlinehost
@@ -432,6 +433,38 @@ class EffectsTest(EachAllocationTest):
             self.assertRaisesText(Exception, 'no file name', self.module._addSceneContent,
                                   [self.folder + '/empty.kscene'], '')
             self.assertEqual(offlinehost.counters()['failed_allocations'] - before, refusals + 1)
+
+
+class RecursionTest(cases.CallTest):
+    """A value that is nested more deeply than the interpreter allows for is an error of the whole call."""
+
+    def read(self, room):
+        """The value, read with so many levels left, or the error's text."""
+        limit, depth, frame = sys.getrecursionlimit(), 0, sys._getframe()
+        while frame is not None:
+            depth, frame = depth + 1, frame.f_back
+        sys.setrecursionlimit(depth + room)
+        try:
+            return self.module._getParam('all', 'anys')
+        except RuntimeError as error:
+            return str(error)
+        finally:
+            sys.setrecursionlimit(limit)
+
+    def testEachDepth(self):
+        value = (0, 1234567)
+        for _ in range(60):
+            value = (12, [(9, 'before'), value, (9, 'after')])
+        self.module._setParam('all', 'anys', value)
+        whole = self.module._getParam('all', 'anys')
+        results = []
+        for room in range(20, 100, 3):
+            results.append(self.read(room))
+            self.assertIs(offlinehost.take_pending_error(), None)
+        tooDeep = 'maximum recursion depth exceeded while reading a parameter value'
+        self.assertEqual(results[0], tooDeep)
+        self.assertEqual(results[-1], whole)
+        self.assertEqual([result for result in results if result not in (tooDeep, whole)], [])
 
 
 # Sets values on more plugins than the host's set has room for, while it cannot grow; then runs what follows, and tells
