@@ -332,8 +332,8 @@ class StartsTest(cases.CallTest):
             self.assertEqual(offlinehost.counters()['script_access_ended'], ended)
 
 
-# What a _setParam leaves behind when allocation 1, 2, ... is refused, alone and with all that follow: how it says so, or
-# what the parameter reads as.
+# What a _setParam leaves behind when allocation 1, 2, ... is refused, alone and with all that follow: how it says so,
+# or what the parameter reads as.
 INVALID = 'Invalid value given for parameter \\"{1}\\" in plugin \\"{0}\\".'
 UNSET = 'The parameter \\"{1}\\" couldn\'t be set for plugin \\"{0}\\".'
 EFFECTS = [
@@ -349,8 +349,8 @@ EFFECTS = [
     # The object, its name; the array of plugins, that of output names; a place in the plugin.
     (('all', 'plugins', (10, [(10, 'other'), (1000, ('other', 'output_texture'))])),
      [INVALID, UNSET] + ["(10, ['other', ('other', 'output_texture')])"] * 2 + [UNSET], [INVALID] + [UNSET] * 4),
-    # The object, its name; the array of lists as the fast road and as the walk makes it; for the walk the two lists anew;
-    # their elements. A list that is missing reads as none.
+    # The object, its name; the array of lists as the fast road and as the walk makes it; for the walk the two lists
+    # anew; their elements. A list that is missing reads as none.
     (('an output', 'frames', (12, [(12, [(0, 1), (0, 2)]), (12, [(0, 3)])])),
      [INVALID, UNSET] + ['(12, [(12, [(0, 1), (0, 2)]), (12, [(0, 3)])])'] * 3 +
      ['(12, [<NULL>, (12, [(0, 3)])])', '(12, [(12, [(0, 1), (0, 2)]), <NULL>])', '(12, [(12, []), (12, [(0, 3)])])',
@@ -504,16 +504,9 @@ class OwnedSetTest(support.ModuleTest):
     def lastingValues(self, first, owned, more=''):
         """After more code the plugins hold values from `first` on, `owned` of them in the set; as many as have found
         no place while the set could not grow are left at the end, each with its name."""
+        code = OWNED_SET % (self.types[0], self.scene, self.PLUGINS, more, self.PLUGINS)
         # What is left on purpose is counted here; a checker of leaks would only count it again.
-        options = os.environ.get('LSAN_OPTIONS')
-        os.environ['LSAN_OPTIONS'] = 'detect_leaks=0'
-        try:
-            code = OWNED_SET % (self.types[0], self.scene, self.PLUGINS, more, self.PLUGINS)
-            status, out, err = support.runPython(code)
-        finally:
-            del os.environ['LSAN_OPTIONS']
-            if options is not None:
-                os.environ['LSAN_OPTIONS'] = options
+        status, out, err = support.runPython(code, leaksAreChecked=False)
         self.assertEqual((status, err), (0, ''))
         counted, values, report = json.loads(out)
         self.assertEqual(counted, owned)
