@@ -337,6 +337,9 @@ class StartsTest(cases.CallTest):
 INVALID = 'Invalid value given for parameter \\"{1}\\" in plugin \\"{0}\\".'
 UNSET = 'The parameter \\"{1}\\" couldn\'t be set for plugin \\"{0}\\".'
 EFFECTS = [
+    # The object, its name.
+    (('thing', 'count', (0, 5)), [INVALID, UNSET], [INVALID, UNSET]),
+    (('all', 'vector', (4, (1.0, 2.0, 3.0))), [INVALID, UNSET, UNSET], [INVALID, UNSET, UNSET]),
     # The object, its name; the text that it begins with, its text.
     (('thing', 'label', (9, 'some text')),
      [INVALID, UNSET, "(9, 'some text')", "(9, '')"], [INVALID, UNSET, "(9, '')", "(9, '')"]),
@@ -433,6 +436,23 @@ class EffectsTest(EachAllocationTest):
             self.assertRaisesText(Exception, 'no file name', self.module._addSceneContent,
                                   [self.folder + '/empty.kscene'], '')
             self.assertEqual(offlinehost.counters()['failed_allocations'] - before, refusals + 1)
+
+
+class ErrorsOfErrorsTest(cases.CallTest):
+    """A conversion whose error cannot tell its own text."""
+
+    def testAnErrorWithoutAText(self):
+        def failing(error):
+            raise error
+
+        for label, text in (('raises', lambda error: failing(ValueError('no text'))), ('is empty', lambda error: ''),
+                            ('is none', lambda error: None), ('is unicode', lambda error: u'\u6f22')):
+            kind = type('Odd', (Exception,), {'__str__': text})
+            number = type('Number', (object,), {'__int__': lambda self: failing(kind('unused'))})()
+            self.assertIs(self.module._setParam('thing', 'count', (0, number)), None)
+            self.assertEqual((label, offlinehost.take_pending_error()), (label, None))
+            self.assertWarned('A value given for parameter "count" in plugin "thing" could not be read as its type: Odd.')
+            self.assertEqual(self.module._getParam('thing', 'count'), (0, -1))
 
 
 class RecursionTest(cases.CallTest):
