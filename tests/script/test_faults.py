@@ -451,7 +451,8 @@ class ErrorsOfErrorsTest(cases.CallTest):
             number = type('Number', (object,), {'__int__': lambda self: failing(kind('unused'))})()
             self.assertIs(self.module._setParam('thing', 'count', (0, number)), None)
             self.assertEqual((label, offlinehost.take_pending_error()), (label, None))
-            self.assertWarned('A value given for parameter "count" in plugin "thing" could not be read as its type: Odd.')
+            self.assertWarned(
+                'A value given for parameter "count" in plugin "thing" could not be read as its type: Odd.')
             self.assertEqual(self.module._getParam('thing', 'count'), (0, -1))
 
 
