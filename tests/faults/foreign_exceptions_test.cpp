@@ -60,6 +60,7 @@ const Row rows[] = {
     {"_exportNode", "('thing',)"},
     {"_addSceneContent", "(['good', 'good'], '')"},
     {"_addSceneContent", "(['bad'], 'text')"},
+    {"_addSceneContent", "([5, None], '')"},
     {"_appendSceneContent", "(['good', u'good'], '')"},
     {"_duplicate", "('thing', 'copy')"},
     {"_duplicate", "('extra', 'thing')"},

@@ -110,6 +110,16 @@ TEST_CASE(pluginsWithoutADescriptor) {
     for (const Row& row : rows) checkAnswer(row, &stub::World::hideDescriptors);
 }
 
+// A host may take a file without a name; what the items are instead of texts is then nobody's error.
+TEST_CASE(filesWithoutAName) {
+    const Row rows[] = {
+        {"_addSceneContent", "([5, None, u'\\xe9', 'good'], '')", "None"},
+        {"_appendSceneContent", "(['good', (), 1.5], 'text')", "None"},
+        {"_addSceneContent", "([5, 'bad'], '')", "[stub] cannot be read"},
+    };
+    for (const Row& row : rows) checkAnswer(row, &stub::World::hideDescriptors);
+}
+
 // The plugin that a texture is to come from has no descriptor, the one that takes it has.
 TEST_CASE(anOutputWithoutADescriptor) {
     checkAnswer({"_setParam", "('thing', 'texture', (1000, ('other', 'out')))",

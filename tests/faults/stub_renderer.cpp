@@ -246,7 +246,7 @@ Plugin* KelmoScene::findPlugin(const char* name) {
 Plugin* KelmoScene::newPlugin(const char*, const char*, int) { return nullptr; }
 ErrorRecord* KelmoScene::readFile(const char* file, int, int, const char*) {
     stub::reach("scene.readFile");
-    if (file != nullptr && std::strcmp(file, "bad") != 0) return nullptr;
+    if (file == nullptr || std::strcmp(file, "bad") != 0) return nullptr;
     return Python::makeErrorRecord("stub", 5, nullptr, "%s", "cannot be read");
 }
 void KelmoScene::attachParameter(KelmoPluginParameter*) { stub::reach("scene.attachParameter"); }

@@ -35,8 +35,10 @@ def sceneText(*plugins):
     return '\n'.join(lines) + '\n'
 
 
-def runPython(code, root=None, environment=None, arguments=()):
+def runPython(code, root=None, environment=None, arguments=(), leaksAreChecked=True):
     """Runs code in an interpreter of its own; (exit code, stdout, stderr).
+
+    `leaksAreChecked`: whether a checker of leaks, if one is built in, looks at the end of it.
 
     `root` is the root variable. `environment` sets further variables, or removes those that are None, where the
     module reads them: in the C runtime, which on Windows is not the interpreter's and takes any characters.
@@ -47,6 +49,8 @@ def runPython(code, root=None, environment=None, arguments=()):
     variables = dict(os.environ)
     variables[ROOT_VARIABLE] = STAGE if root is None else root
     variables['PYTHONPATH'] = os.pathsep.join(sys.path[:3])
+    if not leaksAreChecked:
+        variables['LSAN_OPTIONS'] = 'detect_leaks=0'
     process = subprocess.Popen([sys.executable, '-B', '-c', code] + list(arguments), env=variables,
                                stdout=subprocess.PIPE, stderr=subprocess.PIPE)
     out, err = process.communicate()

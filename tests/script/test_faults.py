@@ -7,6 +7,7 @@ What is left alive and freed wrongly, and an error that is left pending, is look
 """
 import json
 import os
+import sys
 
 import call_cases as cases
 import offlinehost
@@ -331,11 +332,14 @@ class StartsTest(cases.CallTest):
             self.assertEqual(offlinehost.counters()['script_access_ended'], ended)
 
 
-# What a _setParam leaves behind when allocation 1, 2, ... is refused, alone and with all that follow: how it says so, or
-# what the parameter reads as.
+# What a _setParam leaves behind when allocation 1, 2, ... is refused, alone and with all that follow: how it says so,
+# or what the parameter reads as.
 INVALID = 'Invalid value given for parameter \\"{1}\\" in plugin \\"{0}\\".'
 UNSET = 'The parameter \\"{1}\\" couldn\'t be set for plugin \\"{0}\\".'
 EFFECTS = [
+    # The object, its name.
+    (('thing', 'count', (0, 5)), [INVALID, UNSET], [INVALID, UNSET]),
+    (('all', 'vector', (4, (1.0, 2.0, 3.0))), [INVALID, UNSET, UNSET], [INVALID, UNSET, UNSET]),
     # The object, its name; the text that it begins with, its text.
     (('thing', 'label', (9, 'some text')),
      [INVALID, UNSET, "(9, 'some text')", "(9, '')"], [INVALID, UNSET, "(9, '')", "(9, '')"]),
@@ -348,8 +352,8 @@ EFFECTS = [
     # The object, its name; the array of plugins, that of output names; a place in the plugin.
     (('all', 'plugins', (10, [(10, 'other'), (1000, ('other', 'output_texture'))])),
      [INVALID, UNSET] + ["(10, ['other', ('other', 'output_texture')])"] * 2 + [UNSET], [INVALID] + [UNSET] * 4),
-    # The object, its name; the array of lists as the fast road and as the walk makes it; for the walk the two lists anew;
-    # their elements. A list that is missing reads as none.
+    # The object, its name; the array of lists as the fast road and as the walk makes it; for the walk the two lists
+    # anew; their elements. A list that is missing reads as none.
     (('an output', 'frames', (12, [(12, [(0, 1), (0, 2)]), (12, [(0, 3)])])),
      [INVALID, UNSET] + ['(12, [(12, [(0, 1), (0, 2)]), (12, [(0, 3)])])'] * 3 +
      ['(12, [<NULL>, (12, [(0, 3)])])', '(12, [(12, [(0, 1), (0, 2)]), <NULL>])', '(12, [(12, []), (12, [(0, 3)])])',
@@ -434,6 +438,56 @@ class EffectsTest(EachAllocationTest):
             self.assertEqual(offlinehost.counters()['failed_allocations'] - before, refusals + 1)
 
 
+class ErrorsOfErrorsTest(cases.CallTest):
+    """A conversion whose error cannot tell its own text."""
+
+    def testAnErrorWithoutAText(self):
+        def failing(error):
+            raise error
+
+        for label, text in (('raises', lambda error: failing(ValueError('no text'))), ('is empty', lambda error: ''),
+                            ('is none', lambda error: None), ('is unicode', lambda error: u'\u6f22')):
+            kind = type('Odd', (Exception,), {'__str__': text})
+            number = type('Number', (object,), {'__int__': lambda self: failing(kind('unused'))})()
+            self.assertIs(self.module._setParam('thing', 'count', (0, number)), None)
+            self.assertEqual((label, offlinehost.take_pending_error()), (label, None))
+            self.assertWarned(
+                'A value given for parameter "count" in plugin "thing" could not be read as its type: Odd.')
+            self.assertEqual(self.module._getParam('thing', 'count'), (0, -1))
+
+
+class RecursionTest(cases.CallTest):
+    """A value that is nested more deeply than the interpreter allows for is an error of the whole call."""
+
+    def read(self, room):
+        """The value, read with so many levels left, or the error's text."""
+        limit, depth, frame = sys.getrecursionlimit(), 0, sys._getframe()
+        while frame is not None:
+            depth, frame = depth + 1, frame.f_back
+        sys.setrecursionlimit(depth + room)
+        try:
+            return self.module._getParam('all', 'anys')
+        except RuntimeError as error:
+            return str(error)
+        finally:
+            sys.setrecursionlimit(limit)
+
+    def testEachDepth(self):
+        value = (0, 1234567)
+        for _ in range(60):
+            value = (12, [(9, 'before'), value, (9, 'after')])
+        self.module._setParam('all', 'anys', value)
+        whole = self.module._getParam('all', 'anys')
+        results = []
+        for room in range(20, 100, 3):
+            results.append(self.read(room))
+            self.assertIs(offlinehost.take_pending_error(), None)
+        tooDeep = 'maximum recursion depth exceeded while reading a parameter value'
+        self.assertEqual(results[0], tooDeep)
+        self.assertEqual(results[-1], whole)
+        self.assertEqual([result for result in results if result not in (tooDeep, whole)], [])
+
+
 # Sets values on more plugins than the host's set has room for, while it cannot grow; then runs what follows, and tells
 # how many values the set holds, what they are and what is left at the end.
 OWNED_SET = '''
@@ -471,16 +525,9 @@ class OwnedSetTest(support.ModuleTest):
     def lastingValues(self, first, owned, more=''):
         """After more code the plugins hold values from `first` on, `owned` of them in the set; as many as have found
         no place while the set could not grow are left at the end, each with its name."""
+        code = OWNED_SET % (self.types[0], self.scene, self.PLUGINS, more, self.PLUGINS)
         # What is left on purpose is counted here; a checker of leaks would only count it again.
-        options = os.environ.get('LSAN_OPTIONS')
-        os.environ['LSAN_OPTIONS'] = 'detect_leaks=0'
-        try:
-            code = OWNED_SET % (self.types[0], self.scene, self.PLUGINS, more, self.PLUGINS)
-            status, out, err = support.runPython(code)
-        finally:
-            del os.environ['LSAN_OPTIONS']
-            if options is not None:
-                os.environ['LSAN_OPTIONS'] = options
+        status, out, err = support.runPython(code, leaksAreChecked=False)
         self.assertEqual((status, err), (0, ''))
         counted, values, report = json.loads(out)
         self.assertEqual(counted, owned)

@@ -3,7 +3,6 @@ import json
 import os
 import shutil
 import tempfile
-import unittest
 
 import call_cases as cases
 import offlinehost
@@ -91,17 +90,20 @@ class UnreadableFilesTest(FilesTest):
             self.assertIn(path[:400], self.failure([path, good], '_appendSceneContent'))
             self.assertIn('"good"', self.failure([good, path], '_appendSceneContent'))
 
-    @unittest.skipUnless(os.name == 'posix', 'files have no such permissions')
-    def testFilesThatMayNotBeRead(self):
+        if os.name == 'posix':
+            self.checkFilesThatMayNotBeRead(good)
+
+    def checkFilesThatMayNotBeRead(self, good):
         """As somebody who may not read everything."""
         os.chmod(self.folder, 0o755)
-        good = self.write('good.kscene', support.sceneText({'type': 'TestThing', 'name': 'good'}))
         closed = self.write('closed.kscene', support.sceneText({'type': 'TestThing', 'name': 'closed'}))
         os.chmod(closed, 0)
         os.mkdir(self.folder + '/closed', 0)
         paths = [closed, self.folder + '/closed/any.kscene']
         lines = ['[%s] the file cannot be read: Permission denied' % path for path in paths] + ['["good"]'] * 2
-        self.assertEqual(support.runPython(UNREADABLE % (self.types[0], good, paths)), (0, '\n'.join(lines) + '\n', ''))
+        # A process that has changed its user may not look at itself for leaks.
+        result = support.runPython(UNREADABLE % (self.types[0], good, paths), leaksAreChecked=False)
+        self.assertEqual(result, (0, '\n'.join(lines) + '\n', ''))
 
     def testFilesThatHoldNoScene(self):
         for text in ('', '\n', ' ', '\0', '{}', '[]', 'null', '{"kelmo-scene":2}', '{"kelmo-scene":"1"}\n',

@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "check.h"
+#include "core/core_api.h"
 #include "host/error_text.h"
 #include "host/state.h"
 
@@ -87,4 +88,26 @@ TEST_CASE(errorMessagesAreCutTo511Characters) {
     const std::string text(600, 'y');
     const ErrorRef record(makeErrorRecord(nullptr, 0, nullptr, "%s", text.c_str()));
     CHECK_EQ(std::strlen(record->message), std::size_t{511});
+}
+
+// A record owns its reference to the cause: also one that others hold, and when it could not be made itself.
+TEST_CASE(errorRecordsReleaseTheirCauses) {
+    const std::uint64_t before = Offline::counter("live_blocks");
+    for (int refused = 0; refused <= 3; ++refused) {
+        Offline::failAllocation(static_cast<std::uint64_t>(refused), false);
+        KUtils::ErrorRecord* cause = makeErrorRecord("first", 1, nullptr, "one");
+        KUtils::ErrorRecord* shared = cause;
+        if (shared != nullptr) ++shared->references;
+        KUtils::ErrorRecord* middle = makeErrorRecord("second", 2, cause, "two");
+        KUtils::ErrorRecord* outermost = makeErrorRecord("third", 3, middle, "three");
+        Offline::failAllocation(0, false);
+        CHECK_EQ(outermost == nullptr, refused == 3);
+        const char* chains[] = {"[third] three | [second] two | [first] one", "[third] three | [second] two",
+                                "[third] three", "No error"};
+        CHECK_TEXT(render(outermost, 1024).c_str(), chains[refused]);
+        KUtils::releaseError(outermost);
+        CHECK_TEXT(render(shared, 1024).c_str(), refused == 1 ? "No error" : "[first] one");
+        KUtils::releaseError(shared);
+        CHECK_EQ(Offline::counter("live_blocks"), before);
+    }
 }
