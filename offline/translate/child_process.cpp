@@ -120,6 +120,7 @@ ProcessResult runLimited(const std::vector<std::string>& arguments, int output, 
     FileDescriptor writeEnd(ends[1]);
 
     std::vector<char*> texts;
+    texts.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments) texts.push_back(const_cast<char*>(argument.c_str()));
     texts.push_back(nullptr);
 

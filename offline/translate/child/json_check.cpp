@@ -34,9 +34,9 @@ class FilePart {
     std::size_t Tell() const { return taken_; }
 
     // Never called: the reader does not parse in place.
-    char* PutBegin() { return nullptr; }
-    void Put(char) {}
-    std::size_t PutEnd(char*) { return 0; }
+    static char* PutBegin() { return nullptr; }
+    static void Put(char) {}
+    static std::size_t PutEnd(char*) { return 0; }
 
   private:
     void fill() {

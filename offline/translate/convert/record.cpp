@@ -37,7 +37,7 @@ void Record::numbers(const char* param, const float* values, std::size_t count) 
     appendNumbers(params_, values, count);
 }
 
-void Record::json(const char* param, std::string text) {
+void Record::json(const char* param, const std::string& text) {
     begin(param);
     params_ += text;
 }

@@ -29,7 +29,7 @@ class Record {
     void precise(const char* param, double value);
     void text(const char* param, const std::string& value);
     void numbers(const char* param, const float* values, std::size_t count);
-    void json(const char* param, std::string text);
+    void json(const char* param, const std::string& text);
     void refer(const char* param, const Reference& to);
 
     // Writes further parameters, each begun with SceneOutput::param.

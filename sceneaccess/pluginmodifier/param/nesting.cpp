@@ -27,7 +27,8 @@ class NestingMeasure {
         Measure total{1, 0};
         for (Py_ssize_t i = 0; i < PyList_GET_SIZE(list); ++i) {
             PyObject* element = PyList_GET_ITEM(list, i);
-            PyObject* inner = isTagged(element) ? PyTuple_GET_ITEM(element, 1) : nullptr;
+            if (!isTagged(element)) continue;
+            PyObject* inner = PyTuple_GET_ITEM(element, 1);
             if (!isList(inner)) continue;
             const Measure* within = measure(inner, level + 1);
             if (within == nullptr) return nullptr;

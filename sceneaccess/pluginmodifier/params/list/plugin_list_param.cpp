@@ -10,6 +10,7 @@ DefPluginListParam::~DefPluginListParam() { names.release(); }
 
 PluginInterface* DefPluginListParam::getInterface(InterfaceID id) {
     PluginInterface* part = settableOrCloneable(this, id);
+    // Past its base, which answers the texture interfaces. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return part != nullptr ? part : PluginBase::getInterface(id);
 }
 
