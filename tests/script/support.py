@@ -35,17 +35,19 @@ def sceneText(*plugins):
     return '\n'.join(lines) + '\n'
 
 
-def runPython(code, root=None, environment=None, arguments=()):
+def runPython(code, root=None, environment=None, arguments=(), kept=0):
     """Runs code in an interpreter of its own; (exit code, stdout, stderr).
 
     `root` is the root variable. `environment` sets further variables, or removes those that are None, where the
     module reads them: in the C runtime, which on Windows is not the interpreter's and takes any characters.
+    `kept` is how many blocks the code leaves alive and unknown to anyone, for who looks for such (see tests/memcheck).
     """
     if environment:
         code = 'import offlinehost\n' + ''.join(
             'offlinehost.set_environment(%r, %r)\n' % item for item in sorted(environment.items())) + code
     variables = dict(os.environ)
     variables[ROOT_VARIABLE] = STAGE if root is None else root
+    variables['KEPT_BLOCKS'] = str(kept)
     variables['PYTHONPATH'] = os.pathsep.join(sys.path[:3])
     process = subprocess.Popen([sys.executable, '-B', '-c', code] + list(arguments), env=variables,
                                stdout=subprocess.PIPE, stderr=subprocess.PIPE)

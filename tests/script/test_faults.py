@@ -255,7 +255,7 @@ class OwnedSetTest(support.ModuleTest):
         os.environ['LSAN_OPTIONS'] = 'detect_leaks=0'
         try:
             code = OWNED_SET % (self.types[0], self.scene, self.PLUGINS, more, self.PLUGINS)
-            status, out, err = support.runPython(code)
+            status, out, err = support.runPython(code, kept=2 * (self.PLUGINS - self.FIRST_CAPACITY))
         finally:
             del os.environ['LSAN_OPTIONS']
             if options is not None:
