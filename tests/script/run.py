@@ -1,9 +1,10 @@
 """Runs the script tests under plain Python 2.7, with the real module and the offline host.
 
-    run.py [--build DIR] [--list] [TEST...]
+    run.py [--build DIR] [--list] [--part I/N] [TEST...]
 
 DIR is a build folder (default: build/release of this tree). A TEST picks the tests whose name contains
-it. The closing line is "N passed, N failed"; the exit code is 1 after a failure and when no test ran.
+it, --part every Nth of them from the Ith on. The closing line is "N passed, N failed"; the exit code is 1
+after a failure and when no test ran.
 """
 import argparse
 import os
@@ -16,11 +17,20 @@ ROOT_VARIABLE = 'KELMO_FOR_MAYA2020_MAIN'
 HERE = os.path.dirname(os.path.abspath(__file__))
 
 
+def part(text):
+    """(I, N) of the text I/N."""
+    first, step = map(int, text.split('/'))
+    if not 1 <= first <= step:
+        raise ValueError
+    return first, step
+
+
 def arguments():
     parser = argparse.ArgumentParser(description='Runs the script tests.')
     parser.add_argument('--build', default=os.path.join(HERE, '..', '..', 'build', 'release'),
                         help='the build folder whose stage and test libraries are used')
     parser.add_argument('--list', action='store_true', help='print the names of the tests and run none')
+    parser.add_argument('--part', type=part, default=(1, 1), metavar='I/N', help='run every Nth test, from the Ith on')
     parser.add_argument('--verbose', action='store_true', help='print each test and its time')
     parser.add_argument('tests', nargs='*', metavar='TEST', help='run the tests whose name contains this')
     return parser.parse_args()
@@ -82,6 +92,7 @@ def run(options):
     tests = list(flattened(loader.discover(HERE, 'test_*.py', HERE)))
     wanted = [test for test in tests
               if not options.tests or any(name in test.id() for name in options.tests)]
+    wanted = wanted[options.part[0] - 1::options.part[1]]
     if options.list:
         for test in wanted:
             print test.id()

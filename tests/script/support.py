@@ -35,21 +35,22 @@ def sceneText(*plugins):
     return '\n'.join(lines) + '\n'
 
 
-def runPython(code, root=None, environment=None, arguments=(), leaksAreChecked=True):
+def runPython(code, root=None, environment=None, arguments=(), leaksAreChecked=True, kept=0):
     """Runs code in an interpreter of its own; (exit code, stdout, stderr).
-
-    `leaksAreChecked`: whether a checker of leaks, if one is built in, looks at the end of it.
 
     `root` is the root variable. `environment` sets further variables, or removes those that are None, where the
     module reads them: in the C runtime, which on Windows is not the interpreter's and takes any characters.
+    `leaksAreChecked`: whether a checker of leaks, if one is built in, looks at the end of it.
+    `kept` is how many blocks the code leaves alive and unknown to anyone, for who counts such (see tests/memcheck).
     """
     if environment:
         code = 'import offlinehost\n' + ''.join(
             'offlinehost.set_environment(%r, %r)\n' % item for item in sorted(environment.items())) + code
     variables = dict(os.environ)
     variables[ROOT_VARIABLE] = STAGE if root is None else root
+    variables['KEPT_BLOCKS'] = str(kept)
     variables['PYTHONPATH'] = os.pathsep.join(sys.path[:3])
-    if not leaksAreChecked:
+    if kept or not leaksAreChecked:
         variables['LSAN_OPTIONS'] = 'detect_leaks=0'
     process = subprocess.Popen([sys.executable, '-B', '-c', code] + list(arguments), env=variables,
                                stdout=subprocess.PIPE, stderr=subprocess.PIPE)

@@ -526,8 +526,8 @@ class OwnedSetTest(support.ModuleTest):
         """After more code the plugins hold values from `first` on, `owned` of them in the set; as many as have found
         no place while the set could not grow are left at the end, each with its name."""
         code = OWNED_SET % (self.types[0], self.scene, self.PLUGINS, more, self.PLUGINS)
-        # What is left on purpose is counted here; a checker of leaks would only count it again.
-        status, out, err = support.runPython(code, leaksAreChecked=False)
+        # What is left on purpose is counted here.
+        status, out, err = support.runPython(code, kept=2 * (self.PLUGINS - self.FIRST_CAPACITY))
         self.assertEqual((status, err), (0, ''))
         counted, values, report = json.loads(out)
         self.assertEqual(counted, owned)
