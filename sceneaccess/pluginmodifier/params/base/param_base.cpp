@@ -20,10 +20,10 @@ void freeText(char* text) {
 
 // The name
 
-DefParamBase::DefParamBase(const char* text, bool copied)
+DefParamBase::DefParamBase(const char* text, bool copied) noexcept
     : ownsName(copied ? 1 : 0), name(copied ? copyText(text) : text) {}
 
-DefParamBase::DefParamBase(const DefParamBase& source)
+DefParamBase::DefParamBase(const DefParamBase& source) noexcept
     : KelmoPluginParameter(source),
       RTTexInterface(source),
       TextureInterface(source),

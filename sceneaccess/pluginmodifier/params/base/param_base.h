@@ -26,8 +26,8 @@ class DefParamBase : public KelmoPluginParameter,
                      public TextureTransformInterface,
                      public TextureVectorInterface {
   public:
-    DefParamBase(const char* name, bool ownsName);
-    DefParamBase(const DefParamBase& source);
+    DefParamBase(const char* name, bool ownsName) noexcept;
+    DefParamBase(const DefParamBase& source) noexcept;
     ~DefParamBase() override;
 
     PluginInterface* getInterface(InterfaceID id) override;
