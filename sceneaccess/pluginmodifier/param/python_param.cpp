@@ -63,9 +63,7 @@ ParamType PythonParam::getType(int index, double) {
 
 PyObject* PythonParam::valueOfType(int index, ParamType code) {
     if (getType(index, 0.0) != code) return nullptr;
-    if (!isList(value)) return value;
-    PyObject* element = listItem(value, index);
-    return element != nullptr ? taggedValue(element) : nullptr;
+    return isList(value) ? taggedValue(listItem(value, index)) : value;
 }
 
 int PythonParam::getInt(int index, double) {
