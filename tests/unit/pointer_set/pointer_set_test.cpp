@@ -244,6 +244,35 @@ TEST_CASE(withoutMemoryTheOldArrayStays) {
     CHECK(nothing.entries == nullptr);
 }
 
+TEST_CASE(aCrowdedTableThatCannotDoubleTakesKeysAllTheSame) {
+    using Set = KUtils::PointerSetAlgorithm<OneHomeHash>;
+    PointerSet set = makeSet({"", 0, 0.9f, 0, 64});
+    for (std::uint32_t n = 1; n <= 32; ++n) Set::insert(set, n * 16, true);
+    SetMemory& memory = setMemory();
+    memory.failFrom = memory.requests + 1;
+    Set::insert(set, 33 * 16, true);  // the neighbourhood is large and the table half full: it would double
+    memory.failFrom = 0;
+    CHECK_EQ(set.capacity, 64u);
+    CHECK_EQ(set.count, 33u);
+    CHECK_EQ(set.neighbourhood, 36u);
+    for (std::uint32_t n = 1; n <= 33; ++n) CHECK(Set::contains(set, n * 16));
+    freeSet(set);
+}
+
+TEST_CASE(aCapacityThatIsTooSmallOrTooLarge) {
+    using Set = KUtils::PointerSetAlgorithm<SpreadHash>;
+    PointerSet set = makeSet({"", 0, 1.0f, 0, 16});
+    for (std::uint64_t key = 16; key <= 16 * 5; key += 16) Set::insert(set, key, true);
+    CHECK(Set::rehash(set, 1));  // five keys need more slots
+    CHECK_EQ(set.capacity, 8u);
+    CHECK_EQ(set.count, 5u);
+    const PointerSet before = set;
+    CHECK(!Set::rehash(set, 0));  // what twice the largest capacity comes to
+    CHECK(set.entries == before.entries && set.capacity == before.capacity && set.count == before.count);
+    for (std::uint64_t key = 16; key <= 16 * 5; key += 16) CHECK(Set::contains(set, key));
+    freeSet(set);
+}
+
 TEST_CASE(aFailingHalvingKeepsTheTable) {
     using Set = KUtils::PointerSetAlgorithm<SpreadHash>;
     PointerSet set = makeSet({"", 0.5f, 0.5f, 0, 64});
