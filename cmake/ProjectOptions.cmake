@@ -1,5 +1,6 @@
 # What every target of the project is compiled with.
-#   project_options   link it PRIVATE into each target
+#   project_options    link it PRIVATE into each target
+#   count_coverage()   what the current folder compiles counts, in a build for that, which lines and branches run
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -23,3 +24,12 @@ if(SANITIZE)
   add_compile_options(-fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${SANITIZE})
 endif()
+
+option(COVERAGE "Count what runs of the module and of its tests" OFF)
+macro(count_coverage)
+  if(COVERAGE)
+    # Assertions of the interpreter's headers are no branches of ours.
+    add_compile_options(--coverage -DNDEBUG)
+    add_link_options(--coverage)
+  endif()
+endmacro()

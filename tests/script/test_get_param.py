@@ -175,6 +175,43 @@ class LargeListsTest(support.ModuleTest):
                          (4, [(float(i), i + 0.5, float(-i)) for i in range(count)]))
 
 
+class RecursionTest(support.ModuleTest):
+    """Nested lists count against the interpreter's limit on recursion, as nested calls do."""
+
+    LEVELS = 20
+
+    def setUp(self):
+        support.ModuleTest.setUp(self)
+        value = [{'0': 1}]
+        for _ in range(self.LEVELS - 1):
+            value = [{'12': value}]
+        offlinehost.open_text(support.sceneText({'type': 'UserAttributes', 'name': 'deep', 'params': {'values': value}}))
+        self.addCleanup(sys.setrecursionlimit, sys.getrecursionlimit())
+
+    def below(self, frames):
+        """What _getParam gives that many frames further down, or the text of the error."""
+        if frames > 0:
+            return self.below(frames - 1)
+        try:
+            return self.module._getParam('deep', 'values')
+        except RuntimeError as error:
+            return error.args[0]
+
+    def testNearTheLimit(self):
+        full = self.below(0)
+        text = 'maximum recursion depth exceeded while reading a parameter value'
+        frame, used = sys._getframe(), 0
+        while frame is not None:
+            frame, used = frame.f_back, used + 1
+        sys.setrecursionlimit(used + 60)
+        results = [self.below(frames) for frames in range(45)]
+        refused = results.index(text)
+        # Each level counts once; what was refused is refused further down, and nothing of the refusal stays.
+        self.assertTrue(0 < refused <= 60 - self.LEVELS, refused)
+        self.assertEqual(results, [full] * refused + [text] * (len(results) - refused))
+        self.assertEqual(self.below(refused - 1), full)
+
+
 class ReferencesTest(support.ModuleTest):
 
     scene = support.sceneText({'type': 'GeomNode', 'name': 'node', 'params': {

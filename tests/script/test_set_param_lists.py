@@ -1,5 +1,6 @@
 # -*- coding: utf-8 -*-
 """_setParam on lists: every flat list, nested and generic ones, lists inside themselves."""
+import offlinehost
 from all_kinds import AllKindsTest, PARAMS, TEXTURES
 
 MATRIX = ((1.0, 2.0, 3.0), (4.0, 5.0, 6.0), (7.0, 8.0, 9.0))
@@ -135,3 +136,28 @@ class HolesTest(AllKindsTest):
     def testAHoleIsNoSingleValue(self):
         for param in ('int', 'string', 'plugin'):
             self.assertInvalid(param, self.holes([(11, 'p'), (0, 5)]))
+
+
+class LongListsTest(AllKindsTest):
+    """Long lists are read ahead of their use; every element still arrives, up to the last."""
+
+    COUNT = 20011
+
+    def testLongLists(self):
+        for name, code, values in (
+                ('ints', 0, range(self.COUNT)),
+                ('floats', 1, [i * 0.5 for i in range(self.COUNT)]),
+                ('vectors', 4, [(i * 0.5, -1.0, 2.0) for i in range(self.COUNT)]),
+                ('colors', 5, [(1.0, i * 0.25, 0.0) for i in range(self.COUNT)])):
+            self.module._setParam('all', name, (code, [(code, value) for value in values]))
+            result = self.module._getParam('all', name)
+            self.assertEqual(result[0], code)
+            self.assertTrue(result[1] == values, name)
+            # One of the last is of another kind: nothing but that one changes.
+            odd = list(values)
+            odd[-2] = None
+            self.module._setParam('all', name, (code, [(code, value) for value in odd]))
+            warning, = offlinehost.warnings()
+            self.assertIn('A value given for parameter "%s" in plugin "all" could not be read' % name, warning)
+            result = self.module._getParam('all', name)[1]
+            self.assertTrue(result[:-2] == values[:-2] and result[-1] == values[-1] and result[-2] != values[-2], name)

@@ -28,19 +28,25 @@ class DefaultEncodingUtf8 {
     bool switched;
 };
 
-}  // namespace
-
-const char* convertedStringArg(PyObject* args, Py_ssize_t index) {
-    PyObject* item = PyTuple_GetItem(args, index);
-    if (item == nullptr) return nullptr;
-    if (!PyUnicode_Check(item)) return PyString_AsString(item);
-
+// The UTF-8 of a unicode object, which keeps it; null with an error pending.
+const char* utf8Of(PyObject* item) {
     const DefaultEncodingUtf8 encoding;
     if (!encoding.isSwitched()) return nullptr;
     char* text = nullptr;
     // With a length to fill, a text with a zero in it is no error.
     Py_ssize_t length = 0;
     return PyString_AsStringAndSize(item, &text, &length) == 0 ? text : nullptr;
+}
+
+}  // namespace
+
+const char* convertedStringArg(PyObject* args, Py_ssize_t index) {
+    PyObject* item = PyTuple_GetItem(args, index);
+    if (item == nullptr) return nullptr;
+    if (!PyUnicode_Check(item)) return PyString_AsString(item);
+    const char* text = utf8Of(item);
+    // The old encoding may not have come back: no call goes on with that error pending.
+    return PyErr_Occurred() == nullptr ? text : nullptr;
 }
 
 }  // namespace KUtils::Python

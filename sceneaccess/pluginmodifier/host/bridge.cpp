@@ -56,7 +56,7 @@ void findHostPlugin(char (&path)[1024]) {
     FallbackEnvVar variable(ROOT_VARIABLE, DEPRECATED_ROOT_VARIABLE, MISSING_ROOT);
     const TextRef root(variable.resolve(nullptr));
     const char* folder = charactersOf(root.get());
-    if (folder == nullptr || folder[0] == 0 || std::strcmp(folder, MISSING_ROOT) == 0) {
+    if (folder == nullptr || std::strcmp(folder, MISSING_ROOT) == 0) {
         throwError("MayaSceneAccessUtils: Could not find environment variable \"%s\" (or its fallback: \"%s\")",
                    ROOT_VARIABLE, DEPRECATED_ROOT_VARIABLE);
     }

@@ -16,9 +16,7 @@ LibraryHandle loadLib(const char* path, ErrorRecord** error) {
     LibraryHandle library = dlopen(path, RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) {
         // The loader tells its reason once, and has no code for it.
-        const char* reason = dlerror();
-        *error =
-            makeErrorRecord("loadLib", 0, nullptr, "LoadLibrary failed (%i): %s", 0, reason != nullptr ? reason : "");
+        *error = makeErrorRecord("loadLib", 0, nullptr, "LoadLibrary failed (%i): %s", 0, dlerror());
     }
     return library;
 }

@@ -9,9 +9,7 @@ namespace {
 OwnedValue cloneSingle(KelmoPluginParameter& source, std::int32_t code) {
     OwnedValue value = makeScalarValue(source, code);
     if (value == nullptr) return nullptr;
-    KelmoSettableParamInterface* settable = settableOf(*value);
-    if (settable == nullptr) return nullptr;
-    copyElement(*settable, source, 0);
+    copyElement(*settableOf(*value), source, 0);
     return value;
 }
 

@@ -30,9 +30,7 @@ OwnedValue cloneListValue(Plugin* plugin, const char* name, std::int32_t code, P
     GenericSettableListParam* generic = nullptr;
     OwnedValue value = makeListValue(plugin, name, code, &generic);
     if (value == nullptr) return nullptr;
-    KelmoSettableParamInterface* settable = settableOf(*value);
-    if (settable != nullptr && hasExactCode(tagged) && PyList_CheckExact(list) &&
-        fastFill(*value, *settable, code, list))
+    if (hasExactCode(tagged) && PyList_CheckExact(list) && fastFill(*value, *settableOf(*value), code, list))
         return value;
 
     if (!hasBoundedNesting(list)) return nullptr;

@@ -70,10 +70,10 @@ PyObject* deletePlugin(const char* name) {
     Plugin* plugin = lookupPlugin(name, sceneIndex);
     const SceneAccessState& state = *sceneAccessState;
     if (sceneIndex >= 0) {
-        if (KelmoScene* scene = sceneAt(sceneIndex)) scene->deletePlugin(plugin, true);
+        sceneAt(sceneIndex)->deletePlugin(plugin, true);
     } else if (state.hostManager != nullptr) {
         state.hostManager->deletePlugin(plugin, true);
-    } else if (state.mainScene != nullptr) {
+    } else {
         state.mainScene->deletePlugin(plugin, true);
     }
     return newNone();

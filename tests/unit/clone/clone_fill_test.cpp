@@ -339,12 +339,13 @@ TEST_CASE(nestingHasABound) {
 
 namespace {
 
-// A list of `width` elements, each of which is the list itself.
+// A list of `width` elements, each of which is the list itself, or a wider one.
 class EndlessSource : public KelmoPluginParameter {
   public:
-    explicit EndlessSource(int elements) : width(elements) {}
+    explicit EndlessSource(int elements) : EndlessSource(elements, elements) {}
+    EndlessSource(int elements, int elementsWithin) : width(elements), widthWithin(elementsWithin) {}
     const char* getName() override { return "p"; }
-    int getCount(double) override { return width; }
+    int getCount(double) override { return opens == 0 ? width : widthWithin; }
     ListHandle openListImpl(int) override {
         ++opens;
         return 1;
@@ -354,6 +355,7 @@ class EndlessSource : public KelmoPluginParameter {
 
   private:
     int width;
+    int widthWithin;
 };
 
 }  // namespace
@@ -365,6 +367,10 @@ TEST_CASE(endlessSourcesAreRefusedAtOnce) {
         CHECK(cloneParamValue(&plugin, source, 12, true) == nullptr);
         CHECK(source.opens <= 2 * MAX_LIST_NESTING);
     }
+    // One element that is a list of more elements than any value may have.
+    EndlessSource huge(1, static_cast<int>(MAX_NESTED_ELEMENTS) + 1);
+    CHECK(cloneParamValue(&plugin, huge, 12, true) == nullptr);
+    CHECK_EQ(huge.opens, 2);
     // Deep inside, this one answers with counts that are not those of an element.
     DefMapChannelsParam channels("p", true);
     KelmoSettableParamInterface* settable = settableOf(channels);

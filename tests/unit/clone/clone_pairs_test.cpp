@@ -201,6 +201,34 @@ TEST_CASE(outputsThatCannotBeChecked) {
     }
 }
 
+TEST_CASE(outputsOfAPluginThatSaysLittle) {
+    StubPlugin plugin;
+    TreeSource source(reference(1000, &plugin, "out"));
+    plugin.hasDescriptor = false;
+    CHECK(makeScalarValue(source, PARAM_TEXTURE) == nullptr);
+    plugin.hasDescriptor = true;
+    // A declaration without a name is nobody's output.
+    plugin.type.declare(nullptr, 1000);
+    CHECK(makeScalarValue(source, PARAM_TEXTURE) == nullptr);
+    plugin.type.declare("out", 1000);
+    CHECK(makeScalarValue(source, PARAM_TEXTURE) != nullptr);
+}
+
+TEST_CASE(noPairIsMadeWithoutMemory) {
+    StubPlugin plugin;
+    plugin.interfaces.push_back(EXT_TEXTURE);
+    SetMemory& memory = setMemory();
+    for (int type = 0; type <= 10; ++type) {
+        for (int code : CODES) {
+            TreeSource source(type == 10 ? reference(10, &plugin) : type == 9 ? string("text") : number(type, 1));
+            memory.failFrom = memory.requests + 1;
+            const OwnedValue refused = makeScalarValue(source, code);
+            memory.failFrom = 0;
+            CHECK(refused == nullptr);
+        }
+    }
+}
+
 namespace {
 
 // What a list object is, told from how it behaves.

@@ -42,7 +42,7 @@ class StubPlugin : public KUtils::Plugin {
 
     KUtils::PluginInterface* getInterface(KUtils::InterfaceID id) override {
         if (describes && id == KUtils::PLUGIN_DESC_INTERFACE_ID) {
-            described.descriptor = &type;
+            described.descriptor = hasDescriptor ? &type : nullptr;
             return &described;
         }
         for (std::uint32_t offered : interfaces) {
@@ -56,7 +56,8 @@ class StubPlugin : public KUtils::Plugin {
 
     StubDescriptor type;
     std::vector<std::uint32_t> interfaces;
-    bool describes = true;
+    bool describes = true;      // offers the interface that gives its descriptor
+    bool hasDescriptor = true;  // and gives one there
 
   private:
     struct Described : KUtils::PluginDescriptorInterface {

@@ -1,11 +1,13 @@
 // The module's functions through their call frame, over a state that has a main scene and no host manager, and what
 // passes the frame untouched.
+#include <cstdio>
 #include <functional>
 #include <memory>
 #include <string>
 
 #include "check.h"
 #include "frame/method.h"
+#include "frame/translate_problem.h"
 #include "kelmo/core/exception_msg.h"
 #include "main_scene.h"
 #include "param/introspection.h"
@@ -124,6 +126,15 @@ TEST_CASE(aCopyIsTheHostsBeforeThePluginIsAsked) {
     }
 }
 
+TEST_CASE(aPluginWithoutValuesIsDuplicated) {
+    NoManager host;
+    CarryingPlugin made("Light", "made");
+    host.scene.made = &made;
+    CHECK_TEXT(host.call(duplicateFunction, "('taken', 'made')").c_str(),
+               "find:taken find:made new:Light:made:0 -> 'made'");
+    CHECK(made.offered == nullptr);
+}
+
 // It is not cloned by another road either.
 TEST_CASE(aValueThatDoesNotCloneItselfAfterAll) {
     NoManager host;
@@ -211,6 +222,78 @@ TEST_CASE(namesOfWhatAPluginCarries) {
     CHECK_TEXT(host.call(names, "('taken', 0)").c_str(), "find:taken -> ['strength']");
     host.typeless.descriptor = nullptr;
     CHECK_TEXT(host.call(names, "('typeless', 0)").c_str(), "find:typeless -> []");
+}
+
+TEST_CASE(withoutAnyMainScene) {
+    NoManager host;
+    host.state.mainScene = nullptr;
+    CHECK_TEXT(host.call(method<NAME, findByName>, "('*',)").c_str(), "-> []");
+    CHECK_TEXT(host.call(method<NAME, findByType>, "('*',)").c_str(), "-> []");
+    CHECK_TEXT(host.call(method<NAME, getTypeParams>, "('Light',)").c_str(),
+               "-> Exception: \\\"Light\\\" is not a valid plugin type.");
+}
+
+namespace {
+
+// A plugin of an extra scene which takes that scene away when it is given a value.
+class LeavingPlugin final : public StubPlugin {
+  public:
+    explicit LeavingPlugin(SceneList& scenes) : StubPlugin("Light"), list(scenes) {
+        name = "leaving";
+        descriptor = &type;
+        type.declare("strength", PARAM_FLOAT);
+    }
+    int setParameter(KelmoPluginParameter* param) override {
+        taken.reset(param);
+        if (leaves) list.head = nullptr;
+        return 1;
+    }
+    KelmoPluginParameter* getParameter(const char*) override { return &old; }
+
+    bool leaves = true;
+
+  private:
+    SceneList& list;
+    DefFloatParam old{"strength", 0.5f, false};
+    std::unique_ptr<KelmoPluginParameter> taken;
+};
+
+class ExtraScene final : public KelmoScene {
+  public:
+    ExtraScene() : KelmoScene(nullptr, nullptr, 0) {}
+    Plugin* findPlugin(const char* name) override { return std::string(name) == plugin->name ? plugin : nullptr; }
+    void attachParameter(KelmoPluginParameter*) override { ++attached; }
+
+    Plugin* plugin = nullptr;
+    int attached = 0;
+};
+
+}  // namespace
+
+TEST_CASE(aSceneThatIsGoneIsGivenNoValue) {
+    for (const bool leaves : {true, false}) {
+        CHECK_ROW(leaves ? "gone" : "there");
+        NoManager host;
+        ExtraScene scene;
+        LeavingPlugin plugin(host.list);
+        plugin.leaves = leaves;
+        scene.plugin = &plugin;
+        SceneNode node{&scene, nullptr};
+        host.list.head = &node;
+        host.list.count = 1;
+        CHECK_TEXT(host.call(setParamFunction, "('leaving', 'strength', (1, 0.5))").c_str(), "find:leaving -> None");
+        CHECK_EQ(scene.attached, leaves ? 0 : 1);
+    }
+}
+
+TEST_CASE(aWarningWithoutAHostIsAnException) {
+    SceneAccessProblem problem{};
+    problem.warning = 1;
+    std::snprintf(problem.message, sizeof problem.message, "nobody prints this");
+    CHECK(sceneAccessState == nullptr);
+    CHECK(translateProblem(problem) == nullptr);
+    CHECK(PyErr_ExceptionMatches(PyExc_Exception));
+    PyErr_Clear();
 }
 
 TEST_CASE(appendingGoesByTheListsCount) {

@@ -126,6 +126,18 @@ TEST_CASE(startingAgainFreesTheLibraryAndTellsNobody) {
     CHECK_TEXT(fakeSystem.log.c_str(), "");
 }
 
+// As nobody but this test makes it: there is no host to be told.
+TEST_CASE(endingAStateWithoutAManager) {
+    const NoBlocksLeft check;
+    resetFakeSystem();
+    start();
+    sceneAccessState->hostManager = nullptr;
+    fakeSystem.log.clear();
+    endSceneAccess();
+    CHECK_TEXT(fakeSystem.log.c_str(), "free ");
+    CHECK(sceneAccessState == nullptr);
+}
+
 TEST_CASE(rootVariables) {
     struct Row {
         const char* label;

@@ -83,14 +83,16 @@ TEST_CASE(utf16ToUtf8GivesTheBytesBack) {
 }
 
 TEST_CASE(unpairedSurrogatesStandForThemselves) {
-    const char16_t units[] = {0xDC00, 'a', 0xD800, 0xD800, 0xDC00, 0};
+    const char16_t units[] = {0xDC00, 'a', 0xD800, 0xD800, 0xDC00, 0xDBFF, 0xE000, 0};
     char bytes[32];
     utf16ToUtf8(units, bytes, 32);
     CHECK_TEXT(bytes,
                "\xed\xb0\x80"
                "a"
                "\xed\xa0\x80"
-               "\xf0\x90\x80\x80");
+               "\xf0\x90\x80\x80"
+               "\xed\xaf\xbf"
+               "\xee\x80\x80");
 }
 
 TEST_CASE(conversionStopsBeforeItsCapacity) {
@@ -102,6 +104,12 @@ TEST_CASE(conversionStopsBeforeItsCapacity) {
     CHECK_EQ(utf8ToUtf16("abc", units, 3), std::size_t{3});
     CHECK_EQ(static_cast<int>(units[2]), 'c');  // no room for a terminator
     CHECK_EQ(utf8ToUtf16("abc", units, 0), std::size_t{0});
+    // Of bytes that stand for themselves, too, those that fit.
+    units[2] = units[3] = 0x7777;
+    CHECK_EQ(utf8ToUtf16("\xe6\xbcz", units, 3), std::size_t{2});
+    CHECK(units[0] == 0xDBC0 && units[1] == 0xDC00 + 0xE6);
+    CHECK_EQ(static_cast<int>(units[2]), 0);
+    CHECK_EQ(static_cast<int>(units[3]), 0x7777);
 
     char bytes[8];
     const char16_t text[] = {'a', 0x6F22, 'b', 0};

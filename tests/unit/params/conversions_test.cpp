@@ -1,5 +1,6 @@
 // The conversions between numbers and colours at their edges.
 #include <cmath>
+#include <initializer_list>
 #include <limits>
 
 #include "check.h"
@@ -96,6 +97,20 @@ TEST_CASE(theIntIsTrueAsAWhole) {
     }
 }
 
+TEST_CASE(aBoolIsWrittenAsOneOrZero) {
+    for (const bool value : {true, false}) {
+        DefIntParam whole("a", 5, false);
+        DefFloatParam single("a", 5.0f, false);
+        DefDoubleParam wide("a", 5.0, false);
+        for (KelmoSettableParamInterface* settable : {&settableOf(whole), &settableOf(single), &settableOf(wide)}) {
+            settable->setBool(value, 0, 0.0);
+        }
+        CHECK_EQ(whole.getInt(0, 0.0), value ? 1 : 0);
+        CHECK_EQ(single.getFloat(0, 0.0), value ? 1.0f : 0.0f);
+        CHECK_EQ(wide.getDouble(0, 0.0), value ? 1.0 : 0.0);
+    }
+}
+
 // The grey value: the sum in this order, in single precision, without a fused multiply and add.
 TEST_CASE(aColorsMeanIsComputedInOneOrder) {
     const Color colors[] = {{0.3f, 0.6f, 0.9f},          {1e8f, -1e8f, 1.0f},  {1.0f, 1e8f, -1e8f},
@@ -145,6 +160,17 @@ class Probe : public DefParamBase {
     double getDouble(int, double) override { return 0.5; }
     ParamType type = PARAM_UNKNOWN;
     bool passedOn = true;
+};
+
+// One that gives the colour of its type, and leaves the other to the base.
+class ColorProbe final : public Probe {
+  public:
+    Color getColor(int index, double time) override {
+        return type == PARAM_COLOR ? Color{0.25f, 0.5f, 0.75f} : Probe::getColor(index, time);
+    }
+    AColor getAColor(int index, double time) override {
+        return type == PARAM_ACOLOR ? AColor{{0.25f, 0.5f, 0.75f}, 0.125f} : Probe::getAColor(index, time);
+    }
 };
 
 }  // namespace
@@ -217,7 +243,15 @@ TEST_CASE(theBaseConvertsByTheTypeItIsTold) {
         probe.getAColor(4, 2.5);
         CHECK(probe.passedOn);
     }
+    ColorProbe color;
+    color.type = PARAM_COLOR;
+    CHECK_TEXT(describe::answers(color, 4).text,
+               "int 256 float 0.5 double 0.5 true color 0.25,0.5,0.75 acolor 0.25,0.5,0.75,1 self");
+    color.type = PARAM_ACOLOR;
+    CHECK_TEXT(describe::answers(color, 4).text,
+               "int 256 float 0.5 double 0.5 true color 0.25,0.5,0.75 acolor 0.25,0.5,0.75,0.125 self");
     DefParamBase base("base", false);
+    CHECK(static_cast<RTTexInterface&>(base).getPlugin() == &base);
     CHECK_EQ(static_cast<int>(base.getType(0, 0.0)), 10000);
     CHECK_TEXT(describe::answers(base, 0).text, "self");
 }

@@ -173,6 +173,50 @@ TEST_CASE(aListThatCannotGrowKeepsItsElements) {
     }
 }
 
+TEST_CASE(aChannelThatCannotGrowKeepsItsArrays) {
+    const NothingLeft nothingLeft;
+    const Owned value(makeMapChannels("map_channels", false));
+    KelmoSettableParamInterface& settable = settableOf(*value);
+    settable.setCount(1);
+    value->openList(0);
+    for (int part : {1, 2}) {
+        value->openList(part);
+        settable.setCount(3);
+        test_allocator::refuse(1, true);
+        settable.reserve(4);
+        CHECK_EQ(value->getCount(0.0), 3);
+        test_allocator::reset();
+        settable.reserve(4);
+        CHECK_EQ(value->getCount(0.0), 0);
+        value->closeList(0);
+    }
+    value->closeList(0);
+}
+
+TEST_CASE(aWholeArrayThatCannotBeHadChangesNothing) {
+    const NothingLeft nothingLeft;
+    double numbers[] = {1.5, 2.5};
+    Transform transforms[] = {sampleTransform, sampleTransform};
+    DefDoubleListParam doubles("a", false);
+    DefTransformListParam wide("a", false);
+    test_allocator::refuse(1, true);
+    doubles.setDoubleList(borrowedView(numbers, 2));
+    wide.setTransformList(borrowedView(transforms, 2));
+    CHECK_EQ(doubles.getCount(0.0), 0);
+    CHECK_EQ(wide.getCount(0.0), 0);
+    test_allocator::reset();
+    doubles.setDoubleList(borrowedView(numbers, 2));
+    wide.setTransformList(borrowedView(transforms, 2));
+    CHECK_EQ(doubles.getDouble(1, 0.0), 2.5);
+    CHECK_EQ(wide.getTransform(1, 0.0).offset[2], 0.125);
+    // No array and an empty one both leave an empty list.
+    wide.setTransformList(emptyView<Transform>());
+    CHECK_EQ(wide.getCount(0.0), 0);
+    wide.setTransformList(borrowedView(transforms, 1));
+    wide.setTransformList(borrowedView(transforms, 0));
+    CHECK_EQ(wide.getCount(0.0), 0);
+}
+
 TEST_CASE(whatCannotBeCopiedIsNull) {
     const NothingLeft nothingLeft;
     test_allocator::refuse(1, true);

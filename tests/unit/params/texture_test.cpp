@@ -150,6 +150,15 @@ TEST_CASE(otherSectionsWriteNothing) {
     }
 }
 
+TEST_CASE(withoutASectionOrASourceNothingIsWritten) {
+    const Owned value(classes[1].makeScalar("size", false));
+    ShaderText text;
+    auto& shader = part<RTTexInterface>(*value, EXT_RTTEX);
+    CHECK_EQ(shader.writeShaderSource(nullptr, nullptr, nullptr, &text, nullptr), 0);
+    CHECK_EQ(text.calls, 0);
+    CHECK_EQ(shader.writeShaderSource(nullptr, nullptr, "MaterialDescriptor", nullptr, nullptr), 0);
+}
+
 TEST_CASE(theTimeOfTheContextIsPassedOn) {
     const EvaluationState state{12.5};
     const Context at(&state);

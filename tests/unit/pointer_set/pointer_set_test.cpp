@@ -212,13 +212,16 @@ TEST_CASE(aTableThatIsMoreThanHalfFullIsNotHalved) {
     freeSet(set);
 }
 
-TEST_CASE(aCapacityThatIsTooSmallForTheKeysIsDoubledUntilTheyFit) {
+TEST_CASE(aCapacityThatIsTooSmallOrTooLarge) {
     using Set = KUtils::PointerSetAlgorithm<SpreadHash>;
     PointerSet set = makeSet({"", 0, 1.0f, 0, 16});
     for (std::uint64_t key = 16; key <= 16 * 5; key += 16) Set::insert(set, key, true);
-    CHECK(Set::rehash(set, 1));
+    CHECK(Set::rehash(set, 1));  // five keys need more slots
     CHECK_EQ(set.capacity, 8u);
     CHECK_EQ(set.count, 5u);
+    const PointerSet before = set;
+    CHECK(!Set::rehash(set, 0));  // what twice the largest capacity comes to
+    CHECK(set.entries == before.entries && set.capacity == before.capacity && set.count == before.count);
     for (std::uint64_t key = 16; key <= 16 * 5; key += 16) CHECK(Set::contains(set, key));
     freeSet(set);
 }

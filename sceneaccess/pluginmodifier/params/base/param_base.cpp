@@ -19,7 +19,7 @@ void freeText(char* text) { kelmo_free(text, 0); }
 
 // The name
 
-DefParamBase::DefParamBase(const DefParamBase& source)
+DefParamBase::DefParamBase(const DefParamBase& source) noexcept
     : KelmoPluginParameter(source),
       RTTexInterface(source),
       TextureInterface(source),

@@ -27,8 +27,9 @@ class DefParamBase : public KelmoPluginParameter,
                      public TextureVectorInterface {
   public:
     // The copy is made before the object is begun, so that a derived class need not write its base parts twice.
-    DefParamBase(const char* name, bool ownsName) : DefParamBase(Name{ownsName ? copyText(name) : name, ownsName}) {}
-    DefParamBase(const DefParamBase& source);
+    DefParamBase(const char* name, bool ownsName) noexcept
+        : DefParamBase(Name{ownsName ? copyText(name) : name, ownsName}) {}
+    DefParamBase(const DefParamBase& source) noexcept;
     ~DefParamBase() override;
 
     PluginInterface* getInterface(InterfaceID id) override;

@@ -2,7 +2,7 @@
 
 namespace KUtils {
 
-GenericSettableListParam::GenericSettableListParam(const char* text) : name(makeSharedText(text)) {}
+GenericSettableListParam::GenericSettableListParam(const char* text) noexcept : name(makeSharedText(text)) {}
 
 GenericSettableListParam::~GenericSettableListParam() {
     path.release();
@@ -62,8 +62,7 @@ const ValueRecord* GenericSettableListParam::recordToRead(int index) {
     // A single value was opened: the index still means an element of the list that holds it.
     if (path.count <= 0) return nullptr;
     const ValueRecord& holder = path.count == 1 ? root : *path.data[path.count - 2];
-    const ListPayload* siblings = listOf(holder);
-    return siblings != nullptr ? siblings->records.at(index) : nullptr;
+    return listOf(holder)->records.at(index);
 }
 
 ValueRecord* GenericSettableListParam::recordToWrite(int index) {

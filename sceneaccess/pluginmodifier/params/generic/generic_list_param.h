@@ -18,7 +18,7 @@ namespace KUtils {
 class GenericSettableListParam final : public KelmoPluginParameter, public KelmoSettableParamInterface {
   public:
     // The name is copied. A new value has no type and is no list; setCount makes it one.
-    explicit GenericSettableListParam(const char* name);
+    explicit GenericSettableListParam(const char* name) noexcept;
     GenericSettableListParam(const GenericSettableListParam&) = delete;
     ~GenericSettableListParam() override;
 

@@ -56,8 +56,6 @@ void endPending(PendingLists& pending) {
 
 std::size_t payloadSize(PayloadKind kind) {
     switch (kind) {
-        case PayloadKind::None:
-            return 0;
         case PayloadKind::Int:
             return sizeof(std::int32_t);
         case PayloadKind::Float:
@@ -81,6 +79,8 @@ std::size_t payloadSize(PayloadKind kind) {
             return sizeof(PluginReference);
         case PayloadKind::List:
             return sizeof(ListPayload);
+        case PayloadKind::None:
+            break;
     }
     return 0;
 }

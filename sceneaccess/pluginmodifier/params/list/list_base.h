@@ -19,7 +19,7 @@ namespace KUtils {
 // A flat list answers only at depth 0, but counts every open and close, below zero too.
 class DefListParamBase : public DefParamBase {
   public:
-    DefListParamBase(const char* name, bool ownsName) : DefParamBase(name, ownsName), depth(0) {}
+    DefListParamBase(const char* name, bool ownsName) noexcept : DefParamBase(name, ownsName), depth(0) {}
 
     ListHandle openListImpl(int) override {
         ++depth;
@@ -38,9 +38,9 @@ class DefListParamBaseTyped : public DefListParamBase,
   public:
     using Element = T;
 
-    DefListParamBaseTyped(const char* name, bool ownsName) : DefListParamBase(name, ownsName) {}
+    DefListParamBaseTyped(const char* name, bool ownsName) noexcept : DefListParamBase(name, ownsName) {}
     // Elements that could not be copied are absent; clone refuses such a copy.
-    DefListParamBaseTyped(const DefListParamBaseTyped& source)
+    DefListParamBaseTyped(const DefListParamBaseTyped& source) noexcept
         : DefListParamBase(source), KelmoSettableParamInterface(source), KelmoCloneableParamInterface(source) {
         elements.copyElements(source.elements);
     }

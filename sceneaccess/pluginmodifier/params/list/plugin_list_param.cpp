@@ -2,7 +2,7 @@
 
 namespace KUtils {
 
-DefPluginListParam::DefPluginListParam(const DefPluginListParam& source) : DefListParamBaseTyped(source) {
+DefPluginListParam::DefPluginListParam(const DefPluginListParam& source) noexcept : DefListParamBaseTyped(source) {
     names.copyElements(source.names);
 }
 

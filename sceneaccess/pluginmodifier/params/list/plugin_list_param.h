@@ -9,7 +9,7 @@ namespace KUtils {
 class DefPluginListParam final : public DefListParamBaseTyped<PluginBase*> {
   public:
     using DefListParamBaseTyped::DefListParamBaseTyped;
-    DefPluginListParam(const DefPluginListParam& source);
+    DefPluginListParam(const DefPluginListParam& source) noexcept;
     ~DefPluginListParam() override;
 
     PluginInterface* getInterface(InterfaceID id) override;

@@ -29,13 +29,13 @@ void freeSublist(ArrayRecord<T>* list) {
 // Construction and destruction
 
 template <class T>
-DefListOfListsParam<T>::DefListOfListsParam(const char* text, bool copied)
+DefListOfListsParam<T>::DefListOfListsParam(const char* text, bool copied) noexcept
     : depth(0), currentList(0), secondIndex(0), name(copied ? copyText(text) : text), ownsName(copied ? 1 : 0) {
     lists.step = 1;
 }
 
 template <class T>
-DefListOfListsParam<T>::DefListOfListsParam(const DefListOfListsParam& source)
+DefListOfListsParam<T>::DefListOfListsParam(const DefListOfListsParam& source) noexcept
     : KelmoPluginParameter(source),
       KelmoCloneableParamInterface(source),
       KelmoSettableParamInterface(source),

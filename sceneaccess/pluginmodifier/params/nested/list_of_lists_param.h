@@ -23,9 +23,9 @@ class DefListOfListsParam : public KelmoPluginParameter,
   public:
     using Sublist = ArrayRecord<T>;
 
-    DefListOfListsParam(const char* name, bool ownsName);
+    DefListOfListsParam(const char* name, bool ownsName) noexcept;
     // A sublist that could not be copied is absent; clone refuses such a copy.
-    DefListOfListsParam(const DefListOfListsParam& source);
+    DefListOfListsParam(const DefListOfListsParam& source) noexcept;
     ~DefListOfListsParam() override;
 
     PluginInterface* getInterface(InterfaceID id) override;

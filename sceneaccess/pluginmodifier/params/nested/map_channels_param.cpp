@@ -51,10 +51,10 @@ void ElementLife<MapChannel>::copy(MapChannel* to, const MapChannel* from, std::
 
 // Construction and destruction
 
-DefMapChannelsParam::DefMapChannelsParam(const char* name, bool ownsName)
+DefMapChannelsParam::DefMapChannelsParam(const char* name, bool ownsName) noexcept
     : DefParamBase(name, ownsName), currentChannel(0), currentElement(0), depth(0) {}
 
-DefMapChannelsParam::DefMapChannelsParam(const DefMapChannelsParam& source)
+DefMapChannelsParam::DefMapChannelsParam(const DefMapChannelsParam& source) noexcept
     : DefParamBase(source),
       KelmoSettableParamInterface(source),
       KelmoCloneableParamInterface(source),

@@ -34,8 +34,8 @@ class DefMapChannelsParam final : public DefParamBase,
                                   public KelmoSettableParamInterface,
                                   public KelmoCloneableParamInterface {
   public:
-    DefMapChannelsParam(const char* name, bool ownsName);
-    DefMapChannelsParam(const DefMapChannelsParam& source);
+    DefMapChannelsParam(const char* name, bool ownsName) noexcept;
+    DefMapChannelsParam(const DefMapChannelsParam& source) noexcept;
     ~DefMapChannelsParam() override;
 
     PluginInterface* getInterface(InterfaceID id) override;

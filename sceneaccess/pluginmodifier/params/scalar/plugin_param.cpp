@@ -2,10 +2,10 @@
 
 namespace KUtils {
 
-DefPluginParam::DefPluginParam(const char* name, PluginBase* plugin, const char* outputName, bool ownsName)
+DefPluginParam::DefPluginParam(const char* name, PluginBase* plugin, const char* outputName, bool ownsName) noexcept
     : ScalarBase(name, ownsName), output(makeSharedText(outputName)), referenced(plugin) {}
 
-DefPluginParam::DefPluginParam(const DefPluginParam& source)
+DefPluginParam::DefPluginParam(const DefPluginParam& source) noexcept
     : ScalarBase(source), output(retainText(source.output)), referenced(source.referenced) {}
 
 DefPluginParam::~DefPluginParam() { releaseText(output); }

@@ -9,8 +9,8 @@ namespace KUtils {
 
 class DefPluginParam final : public ScalarBase<> {
   public:
-    DefPluginParam(const char* name, PluginBase* plugin, const char* outputName, bool ownsName);
-    DefPluginParam(const DefPluginParam& source);
+    DefPluginParam(const char* name, PluginBase* plugin, const char* outputName, bool ownsName) noexcept;
+    DefPluginParam(const DefPluginParam& source) noexcept;
     ~DefPluginParam() override;
 
     ParamType getType(int index, double time) override;

@@ -32,7 +32,7 @@ class ScalarValue : public ScalarBase<Extra...> {
   public:
     using Element = T;
 
-    ScalarValue(const char* name, const T& initial, bool ownsName)
+    ScalarValue(const char* name, const T& initial, bool ownsName) noexcept
         : ScalarBase<Extra...>(name, ownsName), value(initial) {}
 
   protected:

@@ -2,10 +2,11 @@
 
 namespace KUtils {
 
-DefStringParam::DefStringParam(const char* name, const char* initial, bool ownsName)
+DefStringParam::DefStringParam(const char* name, const char* initial, bool ownsName) noexcept
     : ScalarBase(name, ownsName), text(copyText(initial)) {}
 
-DefStringParam::DefStringParam(const DefStringParam& source) : ScalarBase(source), text(copyText(source.text)) {}
+DefStringParam::DefStringParam(const DefStringParam& source) noexcept
+    : ScalarBase(source), text(copyText(source.text)) {}
 
 DefStringParam::~DefStringParam() { freeText(text); }
 

@@ -7,8 +7,8 @@ namespace KUtils {
 
 class DefStringParam final : public ScalarBase<> {
   public:
-    DefStringParam(const char* name, const char* text, bool ownsName);
-    DefStringParam(const DefStringParam& source);
+    DefStringParam(const char* name, const char* text, bool ownsName) noexcept;
+    DefStringParam(const DefStringParam& source) noexcept;
     ~DefStringParam() override;
 
     ParamType getType(int index, double time) override;
