@@ -29,6 +29,8 @@ KelmoScene* makeScene() {
 
 // A copy of the item's characters, because reading a file may change the list; null for an item without any.
 TextRef fileName(PyObject* item) {
+    // Encoding a unicode item can be a script's own work, and may change the list too.
+    const PyRef held = PyRef::borrow(item);
     const char* characters = PyString_AsString(item);
     PyErr_Clear();
     return TextRef(makeSharedText(characters));
