@@ -131,6 +131,32 @@ class AddTest(SceneContentTest):
         self.assertRaises(Exception, self.module._addSceneContent, [u'd\u00e9j\u00e0.kscene'], '')
         self.assertEqual(self.reads(), ['scene.readFile(null, 0, 1, null)'])
 
+    def testANameWhoseEncodingChangesTheList(self):
+        # The encoding is the script's own, and takes away the only other reference to the name.
+        code = ('import codecs, sys\n'
+                'from kelmo import pluginmodifier as m\n'
+                'files, encoded = [], "".join(["no such", " file"])\n'
+                'def encode(name, errors=None):\n'
+                '    del files[:]\n'
+                '    return encoded, len(name)\n'
+                'codecs.register(lambda name: (encode, None, None, None) if name == "own" else None)\n'
+                'reload(sys)\n'
+                'sys.setdefaultencoding("own")\n'
+                'm._init()\n'
+                'before = sys.getrefcount(encoded)\n'
+                'for number in range(3):\n'
+                '    files.append(u"name " + u"012"[number])\n'
+                '    try:\n'
+                '        m._addSceneContent(files, "")\n'
+                '    except Exception as error:\n'
+                '        print str(error)[:15], len(files), sys.getrefcount(encoded) - before\n'
+                '        sys.exc_clear()\n'
+                '        del error\n'
+                'm._uninit()\n')
+        status, out, err = support.runPython(code)
+        self.assertEqual((status, err), (0, ''))
+        self.assertEqual(out, '[no such file]  0 0\n' * 3)
+
     def testItemsThatAreNoStrings(self):
         for item in (None, 5, ['a'], object()):
             offlinehost.observe()

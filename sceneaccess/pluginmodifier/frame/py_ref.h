@@ -10,6 +10,11 @@ class PyRef {
     PyRef() = default;
     // Takes over a new reference (null: a failed call, with its error pending).
     static PyRef steal(PyObject* object) { return PyRef(object); }
+    // Takes a reference of its own to a borrowed object.
+    static PyRef borrow(PyObject* object) {
+        Py_XINCREF(object);
+        return PyRef(object);
+    }
     PyRef(PyRef&& other) noexcept : object(other.release()) {}
     PyRef& operator=(PyRef&& other) noexcept {
         PyObject* old = object;

@@ -30,6 +30,8 @@ KelmoScene* makeScene() {
 // A copy of the item's characters, because reading a file may change the list; null for an item without any, and for a
 // hole, which lists that _getParam hands out can have.
 TextRef fileName(PyObject* item) {
+    // Encoding a unicode item can be a script's own work, and may change the list too.
+    const PyRef held = PyRef::borrow(item);
     const char* characters = item != nullptr ? PyString_AsString(item) : nullptr;
     PyErr_Clear();
     return TextRef(makeSharedText(characters));

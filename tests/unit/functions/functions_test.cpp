@@ -1,5 +1,6 @@
 // The module's functions through their call frame, over a state that has a main scene and no host manager, and what
 // passes the frame untouched.
+#include <cstdint>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -7,6 +8,7 @@
 
 #include "check.h"
 #include "frame/method.h"
+#include "frame/numbers.h"
 #include "frame/translate_problem.h"
 #include "kelmo/core/exception_msg.h"
 #include "main_scene.h"
@@ -302,6 +304,35 @@ TEST_CASE(appendingGoesByTheListsCount) {
     CHECK_TEXT(host.call(appendSceneContentFunction, "(['any.kscene'], '')").c_str(), "-> None");
     CHECK_EQ(host.list.count, 1);
     CHECK(host.list.head == nullptr);
+}
+
+TEST_CASE(pythonIntsHave32Bits) {
+    struct Row {
+        const char* expression;
+        std::int32_t value;
+        PyObject* error;
+    };
+    const Row rows[] = {
+        {"0", 0, nullptr},
+        {"-1", -1, nullptr},
+        {"True", 1, nullptr},
+        {"2.75", 2, nullptr},
+        {"2147483647", INT32_MAX, nullptr},
+        {"2147483647L", INT32_MAX, nullptr},
+        {"-2147483648", INT32_MIN, nullptr},
+        {"2147483648", -1, PyExc_OverflowError},
+        {"-2147483649", -1, PyExc_OverflowError},
+        {"4294967296", -1, PyExc_OverflowError},
+        {"10 ** 40", -1, PyExc_OverflowError},
+        {"'5'", -1, PyExc_TypeError},
+        {"None", -1, PyExc_TypeError},
+    };
+    for (const Row& row : rows) {
+        CHECK_ROW(row.expression);
+        CHECK_EQ(asInt32(python(row.expression).get()), row.value);
+        CHECK(row.error != nullptr ? PyErr_ExceptionMatches(row.error) != 0 : PyErr_Occurred() == nullptr);
+        PyErr_Clear();
+    }
 }
 
 // An incomplete list would be taken for the whole.
