@@ -9,7 +9,8 @@ import unittest
 
 from program import DONE, INIT, ProgramTest
 
-WAIT = INIT + "import time\nopen('ready', 'w').close()\ntime.sleep(60)\n"
+# Ctrl-C may come as soon as the file is there: all of it stands in one line.
+WAIT = INIT + "import time\nopen('ready', 'w').close(); time.sleep(60)\n"
 
 # Changes the scene, with values of its own alive, and waits until it may end.
 CHANGE = INIT + "pm._delete('key')\npm._setParam('clay', 'color', (5, (1.0, 0.5, 0.25)))\n"
@@ -112,8 +113,8 @@ class Signals(ProgramTest):
     def test_interrupted_while_the_script_runs(self):
         out, err = self.end_by(signal.SIGINT)
         self.assertEqual(out, "")
-        self.assertEqual(err, 'Traceback (most recent call last):\n  File "script.py", line 5, in <module>\n'
-                              "    time.sleep(60)\nKeyboardInterrupt\n")
+        self.assertEqual(err, 'Traceback (most recent call last):\n  File "script.py", line 4, in <module>\n'
+                              "    open('ready', 'w').close(); time.sleep(60)\nKeyboardInterrupt\n")
 
     def test_terminated_while_translating(self):
         """The translating process does not outlive the program."""
@@ -138,6 +139,33 @@ class Signals(ProgramTest):
                 return file.read().rsplit(")", 1)[1].split()[0] != "Z"
         except FileNotFoundError:
             return False
+
+    def test_the_old_file_is_replaced_and_not_written(self):
+        """Whoever has opened it goes on reading the old scene, whatever ends the run in between."""
+        self.write("out.kscene", "precious")
+        with open(self.path("out.kscene"), "rb") as old:
+            self.check(self.run_script(CHANGE + DONE, "-o", "out.kscene"), 0, err="")
+            self.assertEqual(old.read(), b"precious")
+        self.assertIn('"color":[1,0.5,0.25]', self.read("out.kscene"))
+
+    def test_a_signal_waits_until_the_scene_is_saved(self):
+        """The reader of a pipe holds up the saving while the signal comes."""
+        lines = ['{"kelmo-scene":1}\n'] + ['{"type":"LightPoint","name":"light %d"}\n' % i for i in range(20000)]
+        big = self.write("big.kscene", "".join(lines))
+        self.write("script.py", "pass\n")
+        os.mkfifo(self.path("out.pipe"))
+        for number in [signal.SIGTERM, signal.SIGHUP, signal.SIGINT]:
+            with self.subTest(signal=number):
+                process = self.start("run", big, "script.py", "-o", "out.pipe", stdout=subprocess.DEVNULL,
+                                     stderr=subprocess.PIPE)
+                with open(self.path("out.pipe"), "rb", buffering=0) as reader:
+                    saved = reader.read(10)
+                    process.send_signal(number)
+                    time.sleep(0.05)
+                    saved += reader.readall()
+                self.assertEqual(process.communicate(timeout=60)[1], b"")
+                self.assertEqual(process.returncode, -number)
+                self.assertEqual(saved.decode(), "".join(lines))
 
     def test_ended_while_saving(self):
         """A signal at any moment of a long save leaves the old file, or the whole new one, and nothing beside."""
