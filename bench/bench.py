@@ -22,7 +22,7 @@ def arguments():
         prog='scripts/bench', formatter_class=argparse.RawDescriptionHelpFormatter,
         description='Measures the module beside floors and peers; one line a workload, medians of 11 rounds.',
         epilog='examples:\n'
-               '  scripts/bench                       everything, about twenty minutes\n'
+               '  scripts/bench                       everything, about ten minutes\n'
                '  scripts/bench read.float search     the workloads with these texts in their names\n'
                '  scripts/bench --check               the smaller sizes; fails when a ratio is out of bounds\n'
                '  scripts/bench --json figures.json   keeps the figures')
