@@ -15,9 +15,8 @@ EFFECTS = [
     # The object, its name.
     (('thing', 'count', (0, 5)), [INVALID, UNSET], [INVALID, UNSET]),
     (('all', 'vector', (4, (1.0, 2.0, 3.0))), [INVALID, UNSET, UNSET], [INVALID, UNSET, UNSET]),
-    # The object, its name; the text that it begins with, its text.
-    (('thing', 'label', (9, 'some text')),
-     [INVALID, UNSET, "(9, 'some text')", "(9, '')"], [INVALID, UNSET, "(9, '')", "(9, '')"]),
+    # The object, its name; its text.
+    (('thing', 'label', (9, 'some text')), [INVALID, UNSET, "(9, '')"], [INVALID, UNSET, "(9, '')"]),
     # The object, its name; the exact array, without which each element is appended.
     (('thing', 'ids', (0, [(0, 1), (0, 2)])), [INVALID, UNSET, '(0, [1, 2])'], [INVALID, UNSET, '(0, [])']),
     # The object, its name; the array; record and characters of each text; a place in the plugin.
