@@ -152,7 +152,7 @@ TEST_CASE(aHostWithoutASet) {
 
 TEST_CASE(aPluginWithoutAName) {
     const Row rows[] = {
-        {"_findByName", "('*',)", "['thing']"},
+        {"_findByName", "('*',)", "['thing', '']"},
         {"_findByType", "('*',)", "['thing', '']"},
         {"_getParam", "('thing', 'plugin')", "(10, '')"},
         {"_getParam", "('thing', 'plugins')", "(10, ['', ''])"},
