@@ -17,13 +17,18 @@ using namespace KUtils::Python;
 TEST_CASE(nullIsReadAsNothing) {
     CHECK(!isList(nullptr));
     CHECK(!isTagged(nullptr));
-    CHECK_EQ(taggedCode(nullptr), -1);
     CHECK(tupleItem(nullptr, 0) == nullptr);
     CHECK_EQ(intOf(nullptr), -1);
     CHECK_EQ(doubleOf(nullptr), -1.0);
     CHECK(textOf(nullptr) == nullptr);
     CHECK(PyErr_Occurred() == nullptr);
-    CHECK(taggedValue(nullptr) == nullptr);  // a hole in a list, which is no pair
+}
+
+TEST_CASE(aHoleIsNoPair) {
+    CHECK(taggedValue(nullptr) == nullptr);
+    CHECK(PyErr_ExceptionMatches(PyExc_TypeError));
+    PyErr_Clear();
+    CHECK_EQ(taggedCode(nullptr), -1);
     CHECK(PyErr_ExceptionMatches(PyExc_TypeError));
     PyErr_Clear();
 }
