@@ -1,10 +1,10 @@
 // kelmo-offline cat: a scene in the offline scene format, on standard output.
 #include "commands.h"
-#include "host.h"
-#include "host_end.h"
-#include "installation.h"
-#include "scene_input.h"
-#include "standard_output.h"
+#include "output/standard_output.h"
+#include "session/host.h"
+#include "session/host_end.h"
+#include "session/installation.h"
+#include "session/scene_input.h"
 
 ExitCode catCommand(const CatOptions& options) {
     const Installation place = Installation::find();

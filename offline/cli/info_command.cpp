@@ -1,12 +1,12 @@
 // kelmo-offline info: the catalogue of plugin types.
 #include <vector>
 
-#include "catalogue_text.h"
 #include "commands.h"
-#include "host.h"
-#include "installation.h"
 #include "nearest.h"
-#include "standard_output.h"
+#include "output/standard_output.h"
+#include "session/host.h"
+#include "session/installation.h"
+#include "text/catalogue_text.h"
 
 namespace {
 

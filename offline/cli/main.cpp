@@ -6,7 +6,7 @@
 #include "commands.h"
 #include "failure.h"
 #include "options.h"
-#include "standard_output.h"
+#include "output/standard_output.h"
 
 namespace {
 

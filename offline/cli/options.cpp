@@ -4,9 +4,9 @@
 #include <algorithm>
 
 #include "failure.h"
-#include "help_texts.h"
 #include "nearest.h"
-#include "script.h"
+#include "session/script.h"
+#include "text/help_texts.h"
 
 namespace {
 

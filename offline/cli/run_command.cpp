@@ -6,17 +6,17 @@
 #include <csignal>
 #include <cstdio>
 
-#include "change_text.h"
 #include "commands.h"
-#include "host.h"
-#include "host_end.h"
-#include "installation.h"
-#include "json_text.h"
-#include "output_file.h"
-#include "progress.h"
-#include "scene_input.h"
-#include "script.h"
-#include "standard_output.h"
+#include "output/output_file.h"
+#include "output/progress.h"
+#include "output/standard_output.h"
+#include "session/host.h"
+#include "session/host_end.h"
+#include "session/installation.h"
+#include "session/scene_input.h"
+#include "session/script.h"
+#include "text/change_text.h"
+#include "text/json_text.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 #include <new>
 
 #include "core/scene_file/scene_file_api.h"
-#include "host/error_chain.h"
 #include "host/export.h"
 #include "host/host.h"
+#include "host/report/error_chain.h"
 
 namespace Offline {
 

@@ -5,10 +5,10 @@
 
 #include "core/base/call_line.h"
 #include "core/scene_file/scene_file_api.h"
-#include "host/error_chain.h"
-#include "host/json_object.h"
-#include "host/owned_values.h"
-#include "host/process.h"
+#include "host/report/error_chain.h"
+#include "host/report/json_object.h"
+#include "host/scene/owned_values.h"
+#include "host/system/process.h"
 
 namespace Offline {
 

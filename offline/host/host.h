@@ -8,10 +8,10 @@
 #include <string>
 
 #include "core/core_api.h"
-#include "host/change_report.h"
-#include "host/extra_scenes.h"
-#include "host/host_manager.h"
-#include "host/warnings.h"
+#include "host/report/change_report.h"
+#include "host/report/warnings.h"
+#include "host/scene/extra_scenes.h"
+#include "host/scene/host_manager.h"
 #include "kelmo/scene/scene_list.h"
 
 namespace Offline {

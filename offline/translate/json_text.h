@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "core/scene_file/json_writer.h"
+#include "core/scene_file/json/json_writer.h"
 
 namespace Translation {
 

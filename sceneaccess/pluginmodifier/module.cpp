@@ -2,14 +2,14 @@
 #include "frame/compiler.h"
 #include "frame/method.h"
 #include "host/session.h"
-#include "param/get_param.h"
-#include "param/introspection.h"
-#include "param/set_param.h"
+#include "param/declaration/introspection.h"
+#include "param/reading/get_param.h"
+#include "param/setting/set_param.h"
 #include "scene/duplicate.h"
 #include "scene/exports.h"
 #include "scene/import.h"
 #include "scene/lifecycle.h"
-#include "scene/search.h"
+#include "scene/search/search.h"
 
 namespace KUtils::Python {
 

@@ -8,8 +8,8 @@
 
 #include "check.h"
 #include "host/state.h"
-#include "stub_renderer.h"
-#include "stub_value.h"
+#include "stub/stub_renderer.h"
+#include "stub/stub_value.h"
 #include "test_allocator.h"
 
 using namespace faults;

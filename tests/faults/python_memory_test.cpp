@@ -6,8 +6,8 @@
 #include <string>
 
 #include "check.h"
-#include "stub_renderer.h"
-#include "stub_value.h"
+#include "stub/stub_renderer.h"
+#include "stub/stub_value.h"
 #include "test_allocator.h"
 
 using namespace faults;

@@ -1,5 +1,5 @@
 // Sequences of all 23 functions against a model of the scene; see calls_run.py.
-#include "python_harness.h"
+#include "python/python_harness.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     fuzz::startPython("calls_run");

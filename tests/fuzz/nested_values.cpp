@@ -1,9 +1,9 @@
 // A walk with the cursor over lists of lists, map channels or the generic list, compared with a plain model at each
 // step. The first byte chooses the class; nothing is left in the heap afterwards.
 #include "check.h"
-#include "generic_walk.h"
+#include "generic/generic_walk.h"
 #include "input.h"
-#include "nested_walk.h"
+#include "nested/nested_walk.h"
 #include "test_allocator.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

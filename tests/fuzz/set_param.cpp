@@ -1,5 +1,5 @@
 // Tagged values into _setParam and back through _getParam, against the model of tests/script; see set_param_run.py.
-#include "python_harness.h"
+#include "python/python_harness.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
     fuzz::startPython("set_param_run");

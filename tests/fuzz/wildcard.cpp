@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "input.h"
-#include "scene/match_wildcard.h"
-#include "scene/wildcard_pattern.h"
+#include "scene/search/match_wildcard.h"
+#include "scene/search/wildcard_pattern.h"
 
 namespace {
 

@@ -4,7 +4,7 @@ system's loader, which compares the words of a search path eight bytes at a time
 A lost block counts when a frame of the stack that allocated it is in a file of ours. What the interpreter loses of its
 own is only told. A process that keeps blocks on purpose says how many by its report's name, PROCESS.KEPT.xml; then it
 keeps exactly as many. One thing is kept by contract: a search refers to each name that it has found once more than its
-list does, for ever. Such a name is a lost block in every run; tests/script/test_references.py counts the references.
+list does, for ever. Such a name is a lost block in every run; tests/script/faults/test_references.py counts the references.
 """
 import os
 import xml.etree.ElementTree as ElementTree

@@ -87,9 +87,19 @@ class Result(unittest.TestResult):
         print 'SKIPPED %s: %s' % (test.id(), reason)
 
 
+def discovered():
+    """The tests of each topic's folder."""
+    for name in sorted(os.listdir(HERE)):
+        folder = os.path.join(HERE, name)
+        if os.path.isdir(folder):
+            for test in flattened(unittest.TestLoader().discover(folder, 'test_*.py', folder)):
+                yield test
+            # The search path stays short, for the scripts that tests start.
+            sys.path.remove(folder)
+
+
 def run(options):
-    loader = unittest.TestLoader()
-    tests = list(flattened(loader.discover(HERE, 'test_*.py', HERE)))
+    tests = list(discovered())
     wanted = [test for test in tests
               if not options.tests or any(name in test.id() for name in options.tests)]
     wanted = wanted[options.part[0] - 1::options.part[1]]

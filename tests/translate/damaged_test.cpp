@@ -9,7 +9,7 @@
 #include <cstring>
 #include <functional>
 
-#include "translated.h"
+#include "helpers/translated.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <set>
 
-#include "translated.h"
+#include "helpers/translated.h"
 
 namespace {
 

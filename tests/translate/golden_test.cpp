@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "translated.h"
+#include "helpers/translated.h"
 
 namespace {
 

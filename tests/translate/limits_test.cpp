@@ -5,8 +5,8 @@
 
 #include <chrono>
 
-#include "translate/sanitized.h"
-#include "translated.h"
+#include "helpers/translated.h"
+#include "translate/supervise/sanitized.h"
 
 namespace {
 

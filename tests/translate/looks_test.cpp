@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "translated.h"
+#include "helpers/translated.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include <map>
 #include <set>
 
-#include "translated.h"
+#include "helpers/translated.h"
 
 namespace {
 

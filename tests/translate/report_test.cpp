@@ -1,5 +1,5 @@
 // What the translation tells: how numbers are meant, what was renamed, what was left out.
-#include "translated.h"
+#include "helpers/translated.h"
 
 namespace {
 

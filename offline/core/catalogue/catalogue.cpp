@@ -1,9 +1,9 @@
 #include "core/catalogue/catalogue.h"
 
 #include "core/base/error_maker.h"
-#include "core/base/files.h"
 #include "core/base/nearest_name.h"
 #include "core/catalogue/type_reader.h"
+#include "core/files/files.h"
 
 namespace Offline {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "core/catalogue/type_names.h"
-#include "core/scene_file/numbers.h"
+#include "core/scene_file/numbers/numbers.h"
 
 namespace Offline {
 namespace {

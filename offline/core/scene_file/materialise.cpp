@@ -1,7 +1,7 @@
 #include <cstring>
 #include <utility>
 
-#include "core/scene_file/line_error.h"
+#include "core/scene_file/records/line_error.h"
 #include "core/scene_file/scene_builder.h"
 #include "core/scene_file/scene_file_api.h"
 

@@ -1,9 +1,9 @@
 #include <cstdio>
 
 #include "core/base/error_maker.h"
-#include "core/base/files.h"
+#include "core/files/files.h"
 #include "core/scene/scene_reading.h"
-#include "core/scene_file/line_splitter.h"
+#include "core/scene_file/json/line_splitter.h"
 #include "core/scene_file/scene_file_api.h"
 #include "core/scene_file/scene_reader.h"
 

@@ -1,8 +1,8 @@
 #include "core/base/error_maker.h"
-#include "core/scene_file/replacing_file.h"
+#include "core/files/replacing_file.h"
+#include "core/scene_file/records/value_writer.h"
 #include "core/scene_file/scene_file_api.h"
 #include "core/scene_file/scene_writer.h"
-#include "core/scene_file/value_writer.h"
 
 namespace Offline {
 

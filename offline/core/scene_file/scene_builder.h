@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "core/scene/scene_contents.h"
-#include "core/scene_file/plugin_line.h"
+#include "core/scene_file/records/plugin_line.h"
 
 namespace Offline {
 

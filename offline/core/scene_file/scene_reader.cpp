@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "core/base/nearest_name.h"
-#include "core/scene_file/line_error.h"
+#include "core/scene_file/records/line_error.h"
 
 namespace Offline {
 namespace {

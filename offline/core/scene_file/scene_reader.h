@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "core/scene/scene_contents.h"
-#include "core/scene_file/plugin_line.h"
+#include "core/scene_file/records/plugin_line.h"
 #include "core/scene_file/scene_builder.h"
 #include "kelmo/core/error_record.h"
 

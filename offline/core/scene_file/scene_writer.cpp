@@ -1,7 +1,7 @@
 #include "core/scene_file/scene_writer.h"
 
-#include "core/scene_file/json_writer.h"
-#include "core/scene_file/value_writer.h"
+#include "core/scene_file/json/json_writer.h"
+#include "core/scene_file/records/value_writer.h"
 
 namespace Offline {
 

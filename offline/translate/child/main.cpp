@@ -7,8 +7,8 @@
 #include <exception>
 #include <new>
 
+#include "child/input/read_scene.h"
 #include "child/options.h"
-#include "child/read_scene.h"
 #include "child/report.h"
 #include "child/sandbox.h"
 #include "child/write_all.h"

@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "convert/scene_converter.h"
-#include "core/scene_file/numbers.h"
+#include "core/scene_file/numbers/numbers.h"
 
 namespace Translation {
 namespace {

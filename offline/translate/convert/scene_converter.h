@@ -11,11 +11,11 @@
 #include <unordered_map>
 #include <vector>
 
+#include "child/input/scene_folder.h"
+#include "child/input/scene_kind.h"
 #include "child/report.h"
-#include "child/scene_folder.h"
-#include "child/scene_kind.h"
-#include "convert/names.h"
-#include "convert/record.h"
+#include "convert/output/names.h"
+#include "convert/output/record.h"
 
 namespace Translation {
 

@@ -5,9 +5,9 @@
 
 #include "frame/problem.h"
 #include "host/error_text.h"
-#include "host/fallback_env_var.h"
 #include "host/state.h"
-#include "host/system.h"
+#include "host/system/fallback_env_var.h"
+#include "host/system/system.h"
 
 namespace KUtils::Python {
 

@@ -2,7 +2,7 @@
 
 #include "frame/problem.h"
 #include "host/state.h"
-#include "scene/scene_walk.h"
+#include "scene/search/scene_walk.h"
 
 namespace KUtils::Python {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "kelmo/core/exception_msg.h"
-#include "scene/scene_walk.h"
+#include "scene/search/scene_walk.h"
 
 namespace KUtils::Python {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/export.h"
-#include "host/process.h"
+#include "host/system/process.h"
 #include "kelmo/scene/host_exports.h"
 #include "support/library.h"
 

@@ -1,14 +1,14 @@
 // What the reading of Python objects stands on: nulls, references, the texts of errors, lists that are too long.
-#include "param/python_conversions.h"
+#include "param/adapter/python_conversions.h"
 
 #include <string>
 
 #include "check.h"
 #include "expression.h"
 #include "frame/py_ref.h"
-#include "param/conversion_error.h"
-#include "param/fast_fill.h"
-#include "param/python_param.h"
+#include "param/adapter/conversion_error.h"
+#include "param/adapter/python_param.h"
+#include "param/setting/fast_fill.h"
 #include "params/list/list_params.h"
 
 using namespace KUtils;

@@ -1,7 +1,7 @@
 // Of several conversions that fail the first one's error stays pending, and none is while a script's own code runs.
 #include "check.h"
 #include "expression.h"
-#include "param/python_param.h"
+#include "param/adapter/python_param.h"
 
 using namespace KUtils;
 using namespace KUtils::Python;

@@ -1,5 +1,5 @@
 // Reading a parameter: what the plugin and its value are asked, in order, with which index, and always at the time 0.0.
-#include "param/get_param.h"
+#include "param/reading/get_param.h"
 
 #include <string>
 

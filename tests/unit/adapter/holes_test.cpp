@@ -1,7 +1,7 @@
 // Lists with holes, which only C can make: what the adapter reads where a list has no object.
 #include "check.h"
 #include "expression.h"
-#include "param/python_param.h"
+#include "param/adapter/python_param.h"
 #include "stub_host.h"
 
 using namespace KUtils;

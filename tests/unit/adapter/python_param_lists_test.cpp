@@ -2,8 +2,8 @@
 #include "check.h"
 #include "expression.h"
 #include "frame/py_ref.h"
-#include "param/nesting.h"
-#include "param/python_param.h"
+#include "param/adapter/nesting.h"
+#include "param/adapter/python_param.h"
 #include "pending_error.h"
 
 using namespace KUtils;

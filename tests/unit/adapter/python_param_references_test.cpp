@@ -5,7 +5,7 @@
 #include "expression.h"
 #include "frame/problem.h"
 #include "frame/py_ref.h"
-#include "param/python_param.h"
+#include "param/adapter/python_param.h"
 #include "pending_error.h"
 #include "stub_host.h"
 

@@ -1,5 +1,5 @@
 // The adapter alone: what each getter reads from a tagged Python value, what fails, and what stays untouched.
-#include "param/python_param.h"
+#include "param/adapter/python_param.h"
 
 #include <algorithm>
 

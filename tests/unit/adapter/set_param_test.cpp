@@ -1,5 +1,5 @@
 // Setting a parameter, against a host that writes down every call: the order of the road, and who frees what.
-#include "param/set_param.h"
+#include "param/setting/set_param.h"
 
 #include <string>
 
@@ -7,7 +7,7 @@
 #include "expression.h"
 #include "frame/problem.h"
 #include "frame/py_ref.h"
-#include "param/introspection.h"
+#include "param/declaration/introspection.h"
 #include "pointer_set/owned_values.h"
 #include "pointer_set/pointer_hash.h"
 #include "pointer_set/pointer_set_algorithm.h"

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "check.h"
-#include "param/clone_param_value.h"
+#include "param/clone/clone_param_value.h"
 #include "pointer_set/set_memory.h"
 #include "stub_plugin.h"
 #include "tree_source.h"

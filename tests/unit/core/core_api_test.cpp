@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "catalogue/test_catalogue.h"
+#include "plugin/test_value.h"
 #include "support/check.h"
-#include "test_catalogue.h"
-#include "test_value.h"
 
 using namespace Offline;
 

@@ -12,14 +12,14 @@
 #include "frame/translate_problem.h"
 #include "kelmo/core/exception_msg.h"
 #include "main_scene.h"
-#include "param/introspection.h"
-#include "param/set_param.h"
+#include "param/declaration/introspection.h"
+#include "param/setting/set_param.h"
 #include "params/scalar/scalar_params.h"
 #include "pointer_set/owned_values.h"
 #include "scene/duplicate.h"
 #include "scene/import.h"
 #include "scene/lifecycle.h"
-#include "scene/search.h"
+#include "scene/search/search.h"
 
 using namespace KUtils;
 using namespace KUtils::Python;

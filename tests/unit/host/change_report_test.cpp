@@ -1,11 +1,11 @@
-#include "host/change_report.h"
+#include "host/report/change_report.h"
 
 #include <algorithm>
 #include <cstring>
 #include <string>
 
 #include "core/scene_file/scene_file_api.h"
-#include "host/extra_scenes.h"
+#include "host/scene/extra_scenes.h"
 #include "stub_values.h"
 #include "support/check.h"
 

@@ -1,4 +1,4 @@
-#include "host/extra_scenes.h"
+#include "host/scene/extra_scenes.h"
 
 #include <new>
 

@@ -1,4 +1,4 @@
-#include "host/json_object.h"
+#include "host/report/json_object.h"
 
 #include <cstring>
 

@@ -1,4 +1,4 @@
-#include "host/owned_values.h"
+#include "host/scene/owned_values.h"
 
 #include <cstring>
 

@@ -1,4 +1,4 @@
-#include "host/value_digest.h"
+#include "host/report/value_digest.h"
 
 #include <cmath>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "host/warnings.h"
+#include "host/report/warnings.h"
 
 #include "support/check.h"
 

@@ -1,6 +1,6 @@
 // Declarations are found through a memo of places; whatever happens to the tables, the answer is that of a search from
 // the first declaration on.
-#include "param/lookup_param_desc.h"
+#include "param/declaration/lookup_param_desc.h"
 
 #include <cstdio>
 #include <cstring>

@@ -2,8 +2,8 @@
 #include "params/base/array_record.h"
 
 #include "check.h"
+#include "helpers/value_classes.h"
 #include "test_allocator.h"
-#include "value_classes.h"
 
 using namespace value_classes;
 

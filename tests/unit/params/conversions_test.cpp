@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "check.h"
-#include "value_classes.h"
+#include "helpers/value_classes.h"
 
 using namespace value_classes;
 

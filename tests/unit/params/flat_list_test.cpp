@@ -1,7 +1,7 @@
 // Counts and room of the flat lists, whole arrays, and what the text and plugin lists do differently.
 #include "check.h"
+#include "helpers/value_classes.h"
 #include "test_allocator.h"
-#include "value_classes.h"
 
 using namespace value_classes;
 

@@ -1,6 +1,6 @@
 // Every getter of every scalar and flat list, the ones that answer nothing too.
 #include "check.h"
-#include "value_classes.h"
+#include "helpers/value_classes.h"
 
 using namespace value_classes;
 

@@ -1,7 +1,7 @@
 // Which class answers which interface identifier, with which part of itself, and under which name.
 #include "check.h"
+#include "helpers/value_classes.h"
 #include "kelmo/param/texture.h"
-#include "value_classes.h"
 
 using namespace value_classes;
 

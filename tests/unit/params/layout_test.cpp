@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "check.h"
-#include "value_classes.h"
+#include "helpers/value_classes.h"
 
 using namespace value_classes;
 

@@ -1,7 +1,7 @@
 // Every setter of every scalar and flat list, the ones that do nothing too.
-#include "setters.h"
+#include "helpers/setters.h"
 #include "check.h"
-#include "value_classes.h"
+#include "helpers/value_classes.h"
 
 using namespace value_classes;
 

@@ -1,9 +1,9 @@
 // Every allocation is made to fail in turn, once and from then on: nothing leaks, nothing is freed twice,
 // a clone is whole or null, and a value that could not be changed still answers.
 #include "check.h"
-#include "setters.h"
+#include "helpers/setters.h"
+#include "helpers/value_classes.h"
 #include "test_allocator.h"
-#include "value_classes.h"
 
 using namespace value_classes;
 

@@ -2,9 +2,9 @@
 #include <cstring>
 
 #include "check.h"
+#include "helpers/shader_text.h"
+#include "helpers/value_classes.h"
 #include "kelmo/param/texture.h"
-#include "shader_text.h"
-#include "value_classes.h"
 
 using namespace value_classes;
 

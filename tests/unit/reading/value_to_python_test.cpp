@@ -1,5 +1,5 @@
 // Reading values of any make into Python: those that the module's own classes and the offline renderer never show.
-#include "param/value_to_python.h"
+#include "param/reading/value_to_python.h"
 
 #include <string>
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "check.h"
-#include "core/scene_file/numbers.h"
+#include "core/scene_file/numbers/numbers.h"
 #include "random_numbers.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // Decimal texts of numbers: a table of forms, and random bit patterns there and back.
-#include "core/scene_file/numbers.h"
+#include "core/scene_file/numbers/numbers.h"
 
 #include <cmath>
 #include <cstdint>

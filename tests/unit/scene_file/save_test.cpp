@@ -5,7 +5,7 @@
 #include <string>
 
 #include "check.h"
-#include "core/scene_file/line_splitter.h"
+#include "core/scene_file/json/line_splitter.h"
 #include "test_scene.h"
 
 namespace {
