@@ -244,6 +244,26 @@ TEST_CASE(withoutMemoryTheOldArrayStays) {
     CHECK(nothing.entries == nullptr);
 }
 
+// A crowded table that had better double, and cannot, takes the key all the same while it has a slot.
+TEST_CASE(withoutMemoryACrowdedTableTakesMore) {
+    using Set = KUtils::PointerSetAlgorithm<OneHomeHash>;
+    PointerSet set = makeSet({"", 0, 0.9f, 0, 64});
+    for (std::uint32_t n = 1; n <= 32; ++n) Set::insert(set, n * 16, true);
+    SetMemory& memory = setMemory();
+    const std::size_t requests = memory.requests;
+    memory.failFrom = requests + 1;
+    for (std::uint32_t n = 33; n <= 36; ++n) {
+        Set::insert(set, n * 16, true);
+        CHECK_EQ(set.count, n);
+    }
+    memory.failFrom = 0;
+    CHECK(memory.requests > requests);
+    CHECK_EQ(set.capacity, 64u);
+    CHECK_EQ(set.neighbourhood, 36u);
+    for (std::uint32_t n = 1; n <= 36; ++n) CHECK(Set::contains(set, n * 16));
+    freeSet(set);
+}
+
 TEST_CASE(aFailingHalvingKeepsTheTable) {
     using Set = KUtils::PointerSetAlgorithm<SpreadHash>;
     PointerSet set = makeSet({"", 0.5f, 0.5f, 0, 64});
