@@ -167,6 +167,20 @@ class OwnedSetTest(support.ModuleTest):
         # Now there is memory: each value comes into the set, and those that were in it go.
         self.lastingValues(2000000, self.PLUGINS, 'setOnAll(2000000, False)')
 
+    def testANewValueComesInBeforeTheOldOneGoes(self):
+        """So it is a value that replaces another for which the set grows, and not the next one."""
+        def allocations(i):
+            before = offlinehost.counters()['allocations']
+            self.module._setParam('thing %d' % i, 'count', (0, i))
+            return offlinehost.counters()['allocations'] - before
+
+        first, replaced = [], []
+        for i in range(self.FIRST_CAPACITY):
+            first.append(allocations(i))
+            replaced.append(allocations(i))
+        self.assertEqual((max(first), max(replaced)), (min(first), min(replaced) + 1))
+        self.assertEqual(replaced.count(max(replaced)), 1)
+
     def testGrowthThatIsRefusedOnce(self):
         before = offlinehost.counters()['allocations']
         self.module._setParam('thing 0', 'count', (0, 1))
