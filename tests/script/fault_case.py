@@ -9,6 +9,7 @@ import json
 
 import call_cases as cases
 import offlinehost
+import support
 
 NO_ROOT = ('MayaSceneAccessUtils: Could not find environment variable "KELMO_FOR_MAYA2020_MAIN" (or its fallback: '
            '"KELMO_FOR_MAYA2020_MAIN_x64")')
@@ -175,6 +176,7 @@ class EachAllocationTest(cases.CallTest):
                 refusals, result, scenes = self.refused(call, nth, persistent)
                 if refusals == 0:
                     break
+                support.figure('calls with an allocation refused')
                 problem = self.problem(call, result, scenes, before, full, fullResult)
                 left = self.left()
                 if problem or left:

@@ -107,11 +107,14 @@ def run(options):
         for test in wanted:
             print test.id()
         return 0 if wanted else 1
+    import support
     result = Result(options.verbose)
     unittest.TestSuite(wanted).run(result)
     skipped = len(result.skipped)
     # An error outside a test (in setUpClass, say) fails the run although no test of that name was started.
     failed = len(result.failed)
+    for name in sorted(support.FIGURES):
+        print '%8d %s' % (support.FIGURES[name], name)
     text, status = closing(max(0, result.testsRun - skipped - failed), failed, skipped)
     print text
     return status

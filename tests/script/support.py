@@ -28,6 +28,15 @@ def scenePath(*names):
     return os.path.join(TESTS, 'scenes', *names).replace('\\', '/')
 
 
+# What run.py prints before its closing line: how often a thing was tried, by its name.
+FIGURES = {}
+
+
+def figure(name, count=1):
+    """Adds to one of the figures."""
+    FIGURES[name] = FIGURES.get(name, 0) + count
+
+
 def sceneText(*plugins):
     """An offline scene of these plugin records, each a dict or a finished line."""
     lines = ['{"kelmo-scene":1,"up":"y","unit":1}']

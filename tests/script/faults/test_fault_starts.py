@@ -54,6 +54,7 @@ class StartsTest(cases.CallTest):
         while refused:
             nth += 1
             refused, result = self.start(nth, persistent)
+            support.figure('starts with an allocation refused', int(refused))
             if nth == 1:
                 self.assertEqual(result, NO_MEMORY)
             elif result not in seen:

@@ -54,6 +54,7 @@ class FilesTest(support.ModuleTest):
         before = offlinehost.text()
         scenes = offlinehost.counters()['extra_scenes']
         text = ''
+        support.figure('damaged and missing scene files read')
         try:
             self.assertIs(getattr(self.module, function)(files, ''), None)
         except Exception as error:

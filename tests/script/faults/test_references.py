@@ -106,6 +106,7 @@ class ReferenceTest(cases.CallTest):
         for function, arguments, outcome in made:
             self.checkOutcome(function, arguments, outcome)
         self.checkCounts(made, kept)
+        support.figure('paths of a function whose reference counts were compared')
 
     def checkCounts(self, made, kept):
         watched = [None, True, False]

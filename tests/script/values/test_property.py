@@ -163,4 +163,5 @@ class PropertyTest(AllKindsTest):
             else:
                 self.assertEqual(repr(self.module._getParam(plugin, param)), held[plugin, param])
         # The values were of every kind.
+        support.figure('random values set and read back', CASES)
         self.assertTrue(min(seen.values()) > CASES / 50 and warned > CASES / 50, (seen, warned))
