@@ -44,13 +44,13 @@ def sceneText(*plugins):
     return '\n'.join(lines) + '\n'
 
 
-def runPython(code, root=None, environment=None, arguments=(), leaksAreChecked=True, kept=0):
+def runPython(code, root=None, environment=None, arguments=(), kept=0):
     """Runs code in an interpreter of its own; (exit code, stdout, stderr).
 
     `root` is the root variable. `environment` sets further variables, or removes those that are None, where the
     module reads them: in the C runtime, which on Windows is not the interpreter's and takes any characters.
-    `leaksAreChecked`: whether a checker of leaks, if one is built in, looks at the end of it.
-    `kept` is how many blocks the code leaves alive and unknown to anyone, for who counts such (see tests/memcheck).
+    `kept` is how many blocks the code leaves alive and unknown to anyone, which it
+    counts itself: a checker of leaks that is built in looks away, and tests/memcheck expects as many.
     """
     if environment:
         code = 'import offlinehost\n' + ''.join(
@@ -59,7 +59,7 @@ def runPython(code, root=None, environment=None, arguments=(), leaksAreChecked=T
     variables[ROOT_VARIABLE] = STAGE if root is None else root
     variables['KEPT_BLOCKS'] = str(kept)
     variables['PYTHONPATH'] = os.pathsep.join(sys.path[:3])
-    if kept or not leaksAreChecked:
+    if kept:
         variables['LSAN_OPTIONS'] = 'detect_leaks=0'
     process = subprocess.Popen([sys.executable, '-B', '-c', code] + list(arguments), env=variables,
                                stdout=subprocess.PIPE, stderr=subprocess.PIPE)
