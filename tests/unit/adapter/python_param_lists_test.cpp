@@ -76,6 +76,18 @@ PyRef doubling(int levels) {
 
 }  // namespace
 
+// A type code that is a script's own work may empty the list in which it stands.
+TEST_CASE(aListThatIsEmptiedWhileATypeIsRead) {
+    const PyRef made = python(
+        "(lambda values: [values.append((type('Code', (object,), "
+        "{'__int__': lambda self: values.__delslice__(0, 9) or 0})(), 2)), values[0], (0, values)])([])");
+    PythonParam param(PyList_GetItem(made.get(), 2), "name");
+    CHECK_EQ(param.getCount(0.0), 1);
+    CHECK_EQ(param.getInt(0, 0.0), 0);
+    CHECK_EQ(param.getCount(0.0), 0);
+    CHECK(PyErr_Occurred() == nullptr);
+}
+
 TEST_CASE(nestingBounds) {
     CHECK(hasBoundedNesting(nested(1).get()));
     CHECK(hasBoundedNesting(nested(64).get()));

@@ -9,12 +9,12 @@ namespace KUtils {
 
 // The part of `value` that `id` names, or null for any other interface.
 template <class Value>
-PluginInterface* settableOrCloneable(Value* value, InterfaceID id) {
+PluginInterface* settableOrCloneable(Value& value, InterfaceID id) {
     switch (static_cast<std::uint32_t>(id)) {
         case EXT_SETTABLE_PARAM:
-            return static_cast<KelmoSettableParamInterface*>(value);
+            return static_cast<KelmoSettableParamInterface*>(&value);
         case EXT_CLONEABLE_PARAM:
-            return static_cast<KelmoCloneableParamInterface*>(value);
+            return static_cast<KelmoCloneableParamInterface*>(&value);
         default:
             return nullptr;
     }

@@ -47,7 +47,7 @@ class DefListParamBaseTyped : public DefListParamBase,
     ~DefListParamBaseTyped() override { elements.release(); }
 
     PluginInterface* getInterface(InterfaceID id) override {
-        PluginInterface* part = settableOrCloneable(this, id);
+        PluginInterface* part = settableOrCloneable(*this, id);
         return part != nullptr ? part : DefListParamBase::getInterface(id);
     }
 

@@ -9,7 +9,7 @@ DefPluginListParam::DefPluginListParam(const DefPluginListParam& source) noexcep
 DefPluginListParam::~DefPluginListParam() { names.release(); }
 
 PluginInterface* DefPluginListParam::getInterface(InterfaceID id) {
-    PluginInterface* part = settableOrCloneable(this, id);
+    PluginInterface* part = settableOrCloneable(*this, id);
     // Past its base, which answers the texture interfaces. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     return part != nullptr ? part : PluginBase::getInterface(id);
 }

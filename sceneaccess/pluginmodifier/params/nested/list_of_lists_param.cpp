@@ -72,7 +72,7 @@ bool DefListOfListsParam<T>::isWholeCopyOf(const DefListOfListsParam& source) co
 
 template <class T>
 PluginInterface* DefListOfListsParam<T>::getInterface(InterfaceID id) {
-    PluginInterface* part = settableOrCloneable(this, id);
+    PluginInterface* part = settableOrCloneable(*this, id);
     return part != nullptr ? part : PluginBase::getInterface(id);
 }
 

@@ -79,7 +79,7 @@ bool DefMapChannelsParam::isWholeCopyOf(const DefMapChannelsParam& source) const
 }
 
 PluginInterface* DefMapChannelsParam::getInterface(InterfaceID id) {
-    PluginInterface* part = settableOrCloneable(this, id);
+    PluginInterface* part = settableOrCloneable(*this, id);
     return part != nullptr ? part : DefParamBase::getInterface(id);
 }
 

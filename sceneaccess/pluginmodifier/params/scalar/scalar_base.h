@@ -19,7 +19,7 @@ class ScalarBase : public DefParamBase,
     using DefParamBase::DefParamBase;
 
     PluginInterface* getInterface(InterfaceID id) override {
-        PluginInterface* part = settableOrCloneable(this, id);
+        PluginInterface* part = settableOrCloneable(*this, id);
         return part != nullptr ? part : DefParamBase::getInterface(id);
     }
 
