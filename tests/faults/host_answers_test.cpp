@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "check.h"
 #include "host/state.h"
@@ -30,6 +31,7 @@ void checkAnswer(const Row& row, void (stub::World::*change)()) {
     const std::string label = std::string(row.function) + row.arguments;
     CHECK_ROW(label.c_str());
     const Counts before = countsNow();
+    std::vector<KUtils::KelmoPluginParameter*> ownerless;
     {
         const Object arguments = python(row.arguments);
         stub::World world;
@@ -43,10 +45,13 @@ void checkAnswer(const Row& row, void (stub::World::*change)()) {
         CHECK(PyErr_Occurred() == nullptr);
         CHECK_EQ(!stub::plan.reached.empty() && stub::plan.reached.back() == "printWarning", row.warns);
         CHECK_EQ(world.ownedValues(), row.owned);
+        if (row.kept != 0) ownerless = world.takenValues();
         const Object ended(call("_uninit", arguments.get()));
     }
     const Counts after = countsNow();
     CHECK_EQ(after.blocks - before.blocks, row.kept);
+    for (KUtils::KelmoPluginParameter* value : ownerless) delete value;
+    CHECK_EQ(countsNow().blocks, before.blocks);
     CHECK_EQ(test_allocator::counters().wrongFrees, 0);
     CHECK_EQ(after.none, before.none);
     CHECK_ROW(nullptr);

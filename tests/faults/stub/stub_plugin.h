@@ -80,6 +80,7 @@ class StubPlugin final : public KUtils::Plugin {
         reach("plugin.setParameter");
         if (!takesValues) return 0;
         carried[value->getName()] = value;
+        taken.push_back(value);
         return 1;
     }
     KUtils::KelmoPluginParameter* getParameter(const char* wanted) override {
@@ -89,6 +90,7 @@ class StubPlugin final : public KUtils::Plugin {
     }
 
     bool takesValues = true;
+    std::vector<KUtils::KelmoPluginParameter*> taken;
 
   private:
     ParameterList list;

@@ -225,6 +225,13 @@ int World::openLevels() const {
     return levels;
 }
 std::uint32_t World::ownedValues() const { return parts->set.count; }
+std::vector<KUtils::KelmoPluginParameter*> World::takenValues() const {
+    std::vector<KUtils::KelmoPluginParameter*> values;
+    for (const StubPlugin* plugin : {&parts->thing, &parts->other, &parts->extra}) {
+        values.insert(values.end(), plugin->taken.begin(), plugin->taken.end());
+    }
+    return values;
+}
 
 }  // namespace stub
 

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "kelmo/param/plugin_parameter.h"
+
 namespace stub {
 
 // An exception that nobody but its thrower knows. Its address is that of the thrown object, as long as nobody copies.
@@ -75,6 +77,8 @@ class World {
     int openLevels() const;
     // How many values the host owns.
     std::uint32_t ownedValues() const;
+    // The values that the plugins have taken.
+    std::vector<KUtils::KelmoPluginParameter*> takenValues() const;
 
   private:
     struct Parts;
